@@ -1,0 +1,3 @@
+#include "base/lang_str.h"
+
+std::array<std::string, kLangStrCount> LangStr;

@@ -1,0 +1,174 @@
+#include "cave/cave_text.h"
+
+#include <cstdio>
+#include <fstream>
+
+#include "base/fault.h"
+#include "base/lang_str.h"
+#include "cave/scramble.h"
+
+namespace {
+
+constexpr int kNumberBase = 65;  // a small number n is written as the character of code n + 65
+constexpr int kLargestNumber = 190;
+
+/// Takes a cave text apart from its front.
+class Reader {
+ public:
+  explicit Reader(std::string_view text) : rest_(text) {}
+
+  std::uint8_t Number(const char* field) {
+    if (rest_.empty()) throw Fault(std::string("The cave text ends before its ") + field + ".");
+    const int value = static_cast<unsigned char>(rest_.front()) - kNumberBase;
+    if (value < 0) {
+      throw Fault(std::string("The cave text holds a character below \"A\" for its ") + field + ".");
+    }
+    rest_.remove_prefix(1);
+    return static_cast<std::uint8_t>(value);
+  }
+
+  std::string Text(const char* field) {
+    const std::size_t length = Number(field);
+    const std::string text(rest_.substr(0, length));
+    rest_.remove_prefix(text.size());
+    return text;
+  }
+
+  std::string_view rest() const { return rest_; }
+
+ private:
+  std::string_view rest_;
+};
+
+class Writer {
+ public:
+  void Number(int value, const char* field) {
+    if (value < 0 || value > kLargestNumber) {
+      throw Fault(std::string("The ") + field + " of the cave is " + std::to_string(value) +
+                  "; a cave text holds numbers from 0 to 190.");
+    }
+    text_ += static_cast<char>(value + kNumberBase);
+  }
+
+  void Text(const std::string& text, const char* field) {
+    Number(static_cast<int>(text.size()), field);
+    text_ += text;
+  }
+
+  void Cell(char c) { text_ += c == 0 ? '.' : c; }
+
+  std::string Take() { return std::move(text_); }
+
+ private:
+  std::string text_;
+};
+
+/// Time and Need, each up to 999, share three characters.
+void ReadTimeAndNeed(Reader& reader, CaveRecord& record) {
+  const int a = reader.Number("time");
+  const int b = reader.Number("time and need");
+  const int c = reader.Number("need");
+  record.Time = static_cast<std::int16_t>(a * 10 + b / 10);
+  record.Need = static_cast<std::int16_t>(c * 10 + b % 10);
+}
+
+void WriteTimeAndNeed(Writer& writer, const CaveRecord& record) {
+  writer.Number(record.Time / 10, "time");
+  writer.Number(record.Time % 10 * 10 + record.Need % 10, "time and need");
+  writer.Number(record.Need / 10, "need");
+}
+
+std::string TwoDigits(int number) {
+  char text[16];
+  std::snprintf(text, sizeof text, "%02d", number);
+  return text;
+}
+
+std::string NewCave(const std::string& name, std::string_view header, int width, int height) {
+  std::string text = "E";
+  for (const std::string& part : {name, LangStr[53]}) {
+    Writer writer;
+    writer.Text(part.substr(0, kLargestNumber), "text");
+    text += writer.Take();
+  }
+  text += header;
+  const std::size_t inner = static_cast<std::size_t>(width) - 2;
+  const std::string steel(static_cast<std::size_t>(width), 'W');
+  const std::string dirt = "W" + std::string(inner, ';') + "W";
+  text += steel + dirt + "W;1" + std::string(inner - 2, ';') + "W";
+  for (int y = 3; y < height - 2; ++y) text += dirt;
+  text += "W" + std::string(inner, ';') + "T" + steel;
+  return text;
+}
+
+}  // namespace
+
+CaveRecord ParseCaveText(std::string_view text) {
+  CaveRecord record;
+  if (text.empty()) return record;
+  Reader reader(text);
+  record.SlimeThrough = reader.Number("slime permeability");
+  record.Name = reader.Text("name");
+  record.Description = reader.Text("description");
+  record.Width = reader.Number("width");
+  record.Height = reader.Number("height");
+  ReadTimeAndNeed(reader, record);
+  record.PointsBefore = reader.Number("points before the exit opens");
+  record.PointsAfter = reader.Number("points after the exit opens");
+  record.MagicTime = reader.Number("magic wall time");
+  record.AmoebaTime = reader.Number("amoeba time");
+  record.Tint = reader.Number("colour");
+  if (record.Width > kMaxWidth || record.Height > kMaxHeight) {
+    throw Fault("The cave is " + std::to_string(record.Width) + " by " + std::to_string(record.Height) +
+                " cells; at most 81 by 51 are possible.");
+  }
+  std::string_view cells = reader.rest();
+  for (int y = 0; y < record.Height; ++y) {
+    for (int x = 0; x < record.Width; ++x) {
+      record.Cell(x, y) = cells.empty() ? ' ' : cells.front();
+      if (!cells.empty()) cells.remove_prefix(1);
+    }
+  }
+  return record;
+}
+
+std::string BuildCaveText(const CaveRecord& record) {
+  if (record.Width > kMaxWidth || record.Height > kMaxHeight) {
+    throw Fault("A cave has at most 81 by 51 cells.");
+  }
+  Writer writer;
+  writer.Number(record.SlimeThrough, "slime permeability");
+  writer.Text(record.Name, "name length");
+  writer.Text(record.Description, "description length");
+  writer.Number(record.Width, "width");
+  writer.Number(record.Height, "height");
+  WriteTimeAndNeed(writer, record);
+  writer.Number(record.PointsBefore, "points before the exit opens");
+  writer.Number(record.PointsAfter, "points after the exit opens");
+  writer.Number(record.MagicTime, "magic wall time");
+  writer.Number(record.AmoebaTime, "amoeba time");
+  writer.Number(record.Tint, "colour");
+  for (int y = 0; y < record.Height; ++y) {
+    for (int x = 0; x < record.Width; ++x) writer.Cell(record.Cell(x, y));
+  }
+  return writer.Take();
+}
+
+std::string CaveTemplate(int number) {
+  if (number == 1) return NewCave(LangStr[26], "TLPAAFUUsC", 19, 11);
+  return NewCave(LangStr[27], "_UPAAAAUsC", 30, 20);
+}
+
+std::string LoadCaveText(const std::string& fileName, int caveNumber) {
+  if (fileName == "*1") return CaveTemplate(1);
+  if (fileName == "*2") return CaveTemplate(2);
+  std::ifstream file(fileName, std::ios::binary);
+  if (!file) throw Fault("The file cannot be opened.", fileName);
+  const std::string tail = "---" + TwoDigits(caveNumber);
+  for (std::string line; std::getline(file, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    std::string plain = Unscramble(line);
+    if (plain.ends_with(tail)) return plain;
+  }
+  return {};
+}
