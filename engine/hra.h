@@ -1,0 +1,251 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "base/random.h"
+#include "base/settings.h"
+#include "cave/cave_record.h"
+#include "cave/tiles.h"
+#include "engine/grid.h"
+#include "engine/hooks.h"
+#include "engine/pictures.h"
+
+/// Virtual key codes that the rules ask for.
+namespace key {
+inline constexpr int kTab = 9;
+inline constexpr int kShift = 16;
+inline constexpr int kControl = 17;
+inline constexpr int kSpace = 32;
+inline constexpr int kLeft = 37;
+inline constexpr int kUp = 38;
+inline constexpr int kRight = 39;
+inline constexpr int kDown = 40;
+inline constexpr int kC = 67;
+inline constexpr int kP = 80;
+inline constexpr int kR = 82;
+inline constexpr int kNumpad0 = 96;
+}  // namespace key
+
+/// One hero of a cave.
+struct HeroRecord {
+  std::uint16_t x = 0;
+  std::uint16_t y = 0;
+  std::int16_t alive = 0;  // -1 alive, 0 dead or not in the cave
+
+  bool operator==(const HeroRecord&) const = default;
+};
+
+/// A cell of the cave.
+struct CellPlace {
+  std::uint8_t x = 0;
+  std::uint8_t y = 0;
+
+  bool operator==(const CellPlace&) const = default;
+};
+
+/// The sum that a won cave is worth.
+struct WinSum {
+  int need = 0;
+  int pointsBefore = 0;
+  int over = 0;  // gems taken beyond the needed ones
+  int pointsAfter = 0;
+  int secondsLeft = 0;
+  int aliveHeroes = 0;
+
+  /// need x pointsBefore + over x pointsAfter + aliveHeroes x secondsLeft.
+  int Score() const { return need * pointsBefore + over * pointsAfter + aliveHeroes * secondsLeft; }
+};
+
+/// The running game: the whole state of a cave and all its rules. A plain value: a copy goes on as the first would
+/// have. What it needs of the outside goes through `hooks`, which it does not own.
+///
+/// A cave set up over an earlier one finds what that one left: cells under unknown characters, hero places, the
+/// teleport's cells, animation counters and key ages are not cleared. That is meant.
+class Hra {
+ public:
+  Hra() = default;
+  explicit Hra(const Hooks* surroundings, const Settings* wishes = nullptr) : hooks(surroundings), settings(wishes) {}
+
+  // --- Entry points
+  // ------------------------------------------------------------------------------------------------------
+
+  /// Sets up a cave from its text; it is on show then and waits for Command1_Click. An empty text gives a cave of no
+  /// cells. Throws Fault for a text that is no cave.
+  void PaintCave(std::string_view caveText);
+
+  /// The button "Start": the tick timer runs from here.
+  void Command1_Click();
+
+  /// One tick. Throws Fault when a replay line does not fit or a cell outside the grids is asked for.
+  void tmrHra_Timer();
+
+  /// The sum of the cave as it would be won now.
+  WinSum Sum() const;
+
+  /// The cave as text, one line a row, in the characters of cave text.
+  std::string Picture() const;
+
+  // --- Procedures of the tick
+  // --------------------------------------------------------------------------------------------
+
+  void Animace();
+  void Teleport();
+  void PREKR(int x, int y);
+  void NewGravitace(int x, int y);
+  void Dopad(int x, int y);
+  void ClearField(int x, int y);
+  void ZaoblenéObjekty(int x, int y);
+  void Potvory(int x, int y);
+  int MouchaS(int x, int y, int direction);
+  void Slime(int x, int y);
+  int Nahoda(int range);
+  void Klavesy();
+  void ZmenitPsa(int code);
+  void ValRVal(int x1, int y1, int x2, int y2);
+  void PohybH();
+  void Exploze(int x, int y, int a, int b);
+  void ShowMessage(const std::string& text, std::uint32_t colour);
+  void PZvuk(int sound);
+  void PZvukTime(int seconds);
+  void ZornéPole();
+  void ProjedKlv();
+  void WinGame();
+
+  // --- State
+  // -------------------------------------------------------------------------------------------------------------
+
+  Grid<std::uint16_t, -2, 81, -2, 51> Tiles;   // tile codes
+  Grid<std::uint8_t, -2, 81, -2, 51> Motion;   // 0 still, 1 rounded, 2 at rest, 3 falling
+  Grid<std::uint8_t, -1, 80, -1, 50> Aux;      // facing of a creature (times ten: moved), phase of an explosion
+  Grid<std::int16_t, 0, 80, 0, 50> MovedFlag;  // -1: handled in this tick
+  std::array<HeroRecord, 10> Heroes{};         // index 0 is unused
+
+  bool PlayingReplay = false;  // lines come from readReplayLine instead of keys
+  bool TestPlay = false;       // started from the cave editor
+  bool Won = false;            // the hero has entered the exit
+  int Score = 0;               // points of the side panel; not cleared by a new cave
+  int CaveWidth = 0;
+  int CaveHeight = 0;
+  int Need = 0;
+  int TimeLimit = 0;  // seconds
+  int Collected = 0;
+  int KeyMove = 0;           // 37..40, or 0
+  int KeyAction = 0;         // 1: act without moving
+  double ElapsedTime = 0;    // seconds of the cave's clock, 0.1 a tick
+  int lblCas = 0;            // seconds left, as shown
+  int MagicState = 0;        // 0 not started, 1 running, 2 spent
+  double MagicStart = 1000;  // ElapsedTime of the first touch
+  int MagicTime = 0;         // seconds
+  int AmoebaMode = 0;        // 0 slow, 1 fast, 2 too big, 3 enclosed
+  int AmoebaTime = 0;        // seconds
+  int AnimPhase = 0;
+  int FlyPhase = 0;
+  int ExitPhase = 0;
+  int HeroCount = 0;  // highest hero number of the cave
+  int CurrentHero = 1;
+  bool MultiHero = false;  // another hero can still be selected
+  int PointsBefore = 0;
+  int PointsAfter = 0;
+  int PointsNow = 0;
+  bool ExitOpen = false;
+  std::uint8_t SlimeThrough = 0;
+  int IdleTicks = 0;
+  bool FollowHero = true;
+  bool TeleportActive = false;
+  bool HeroLocked = false;
+  CellPlace TeleportSource;
+  CellPlace TeleportTarget;
+  std::uint8_t TeleportPhase = 0;  // 0 idle, otherwise progress of the transfer
+  std::uint16_t TeleportTile = 0;
+  std::uint8_t TeleportMotion = 0;
+  std::uint8_t TeleportAux = 0;
+  std::uint8_t SoundLock = 0;                      // ticks during which no sound may cut the explosion
+  int BlinkPhase = 0;                              // 0..15
+  int Tint = 0;                                    // 0..14
+  int chkRec = 0;                                  // 1: the game is recorded
+  std::array<int, 5> KeyAge{};                     // index 1..4: ticks for which left, up, right, down have been held
+  int KeyQueued = 0;                               // a direction key to be taken by the next Klavesy, or 0
+  std::array<int, kTileCodes> pctK{};              // picture of each tile code
+  std::string RecordBuffer;                        // the recording
+  std::string ReplayLine;                          // what is left of this tick's line
+  Random random;                                   // fresh numbers for Nahoda
+  int CandidateCount = 0;                          // of this tick
+  std::array<CellPlace, 2501> AmoebaCandidates{};  // cells that amoeba can grow into, in scan order
+
+  const Hooks* hooks = nullptr;        // may be null
+  const Settings* settings = nullptr;  // null: the defaults
+
+ private:
+  const Settings& Wishes() const;
+  bool Held(int virtualKey) const;
+  HeroRecord& Hero(int number);
+  const HeroRecord& Hero(int number) const;
+  void SetPicture(int tile, int number) { pctK[static_cast<std::size_t>(tile)] = number; }
+
+  // PaintCave
+  void CopyRecord(const CaveRecord& record);
+  void DrawRing();
+  void ResetPictures();
+  void FillGrids(const CaveRecord& record);
+  void LoadCell(int x, int y, char c);
+  void PlaceHero(int number, int x, int y);
+  void MarkTeleport(int x, int y);
+  void MarkSplitters();
+
+  // tmrHra_Timer
+  bool ReadReplayLine();
+  void ScanExplosions();
+  void ScanRules();
+  void ScanRulesOfCell(int x, int y);
+  void GrowWall(int x, int y, std::uint16_t tile, int dx, int dy);
+  void GrowAmoeba();
+  void ReadInput();
+  void CheckHeroes();
+  void MoveOrIdle();
+  void Idle();
+  void ScanMarks();
+  void ScanMarksOfAmoeba(int x, int y, int& amoebaCount);
+  void CreatureContact(int x, int y);
+  void RunClock();
+  void SpeedAmoebaUp();
+  void EndLine();
+  void Pulse();
+  void ReadCommandKeys();
+  bool Beside(int x, int y, std::uint16_t tile) const;
+
+  // PohybH
+  void MoveCrate(int x, int y, int dx, int dy, bool favourable);
+  void PushRock(int x, int y, int dx);
+  bool PassControl(int x, int y);
+  void EnterExit(int oldX, int oldY, int x, int y);
+  bool Enterable(int x, int y) const;
+  void Take(int x, int y);
+  void OpenLocks(int gem);
+  void OpenLock(int x, int y, std::uint16_t lock);
+
+  // NewGravitace
+  void StartToFall(int x, int y);
+  void FallOn(int x, int y);
+  void PassMagicWall(int x, int y);
+  void Land(int x, int y);
+  void Split(int x, int y);
+  bool FreeToRoll(int x, int y, int side) const;
+  void MoveFalling(int x, int y, int toX, int toY);
+
+  // Potvory
+  void MoveCreature(int x, int y, int dx, int dy, int facing);
+  void MoveFly(int x, int y);
+
+  // Animace
+  void AnimateMagicWall();
+  void OpenExit();
+  void BlinkExit();
+
+  // Klavesy
+  int NewestArrow();
+};

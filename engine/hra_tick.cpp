@@ -1,0 +1,279 @@
+// The tick: one fixed sequence of steps over the grids. Scans go row by row from the top, each row from the left.
+
+#include <cmath>
+
+#include "base/fault.h"
+#include "base/lang_str.h"
+#include "cave/scramble.h"
+#include "engine/hra.h"
+
+namespace {
+
+constexpr int kNumberBase = 65;
+
+bool IsDirection(int virtualKey) {
+  return virtualKey >= key::kLeft && virtualKey <= key::kDown;
+}
+
+bool IsCreature(std::uint16_t tile) {
+  return tile == Firefly || tile == Butterfly || tile == Fly;
+}
+
+}  // namespace
+
+void Hra::tmrHra_Timer() {
+  Animace();
+  if (SoundLock > 0) --SoundLock;
+  if (PlayingReplay && !ReadReplayLine()) return;
+  if (TeleportActive) Teleport();
+  ScanExplosions();
+  ScanRules();
+  GrowAmoeba();
+  if (!HeroLocked && TimeLimit > ElapsedTime) ReadInput();
+  CheckHeroes();
+  MoveOrIdle();
+  ScanMarks();
+  RunClock();
+  SpeedAmoebaUp();
+  if (FollowHero) ZornéPole();
+  EndLine();
+  Pulse();
+  if (hooks && hooks->tickDone) hooks->tickDone();
+  ReadCommandKeys();
+}
+
+/// Takes the next line of the replay; false ends the tick.
+bool Hra::ReadReplayLine() {
+  if (!hooks || !hooks->readReplayLine || !hooks->readReplayLine(ReplayLine)) return false;
+  if (!ReplayLine.empty()) return true;
+  if (hooks->restart) hooks->restart();
+  return false;
+}
+
+void Hra::ScanExplosions() {
+  for (int y = 0; y < CaveHeight; ++y) {
+    const std::uint16_t* tiles = Tiles.Row(y);
+    for (int x = 0; x < CaveWidth; ++x) {
+      if (tiles[x] != Explosion) continue;
+      std::uint8_t& aux = Aux(x, y);
+      switch (aux) {
+        case 3:
+        case 7:
+          Tiles(x, y) = Empty;
+          aux = 0;
+          break;
+        case 11:
+        case 15:
+          Tiles(x, y) = aux == 11 ? Rock : Gem;
+          Motion(x, y) = 2;
+          aux = 0;
+          break;
+        default:
+          ++aux;
+          SetPicture(Explosion, picture::kExpld + aux);
+      }
+      PREKR(x, y);
+      MovedFlag(x, y) = -1;
+    }
+  }
+}
+
+void Hra::ScanRules() {
+  CandidateCount = 0;
+  for (int y = 0; y < CaveHeight; ++y) {
+    const std::int16_t* moved = MovedFlag.Row(y);
+    for (int x = 0; x < CaveWidth; ++x) {
+      if (moved[x] == 0) ScanRulesOfCell(x, y);
+    }
+  }
+}
+
+// Each test reads the grids afresh, so an object that lands in the first line is handled again in the second.
+void Hra::ScanRulesOfCell(int x, int y) {
+  if (Motion(x, y) == 3) NewGravitace(x, y);
+  if (Motion(x, y) == 2) NewGravitace(x, y);
+  if (IsCreature(Tiles(x, y))) Potvory(x, y);
+  if (Tiles(x, y) == SlimeTile) Slime(x, y);
+  if (Tiles(x, y) == GrowWallH) {
+    GrowWall(x, y, GrowWallH, -1, 0);
+    GrowWall(x, y, GrowWallH, 1, 0);
+  }
+  if (Tiles(x, y) == GrowWallV) {
+    GrowWall(x, y, GrowWallV, 0, -1);
+    GrowWall(x, y, GrowWallV, 0, 1);
+  }
+  if (Tiles(x, y) <= Dirt && Beside(x, y, Amoeba)) {
+    if (CandidateCount >= static_cast<int>(AmoebaCandidates.size())) {
+      throw Fault("The amoeba of this cave has more than 2501 cells to grow into.");
+    }
+    AmoebaCandidates[static_cast<std::size_t>(CandidateCount++)] = {static_cast<std::uint8_t>(x),
+                                                                    static_cast<std::uint8_t>(y)};
+  }
+}
+
+bool Hra::Beside(int x, int y, std::uint16_t tile) const {
+  return Tiles(x - 1, y) == tile || Tiles(x + 1, y) == tile || Tiles(x, y - 1) == tile || Tiles(x, y + 1) == tile;
+}
+
+// Motion of the new cell is not written: an empty cell that kept Motion 2 hands it to the wall. That is meant.
+void Hra::GrowWall(int x, int y, std::uint16_t tile, int dx, int dy) {
+  if (Tiles(x + dx, y + dy) != Empty) return;
+  Tiles(x + dx, y + dy) = tile;
+  PREKR(x + dx, y + dy);
+  MovedFlag(x + dx, y + dy) = -1;
+}
+
+// One number is drawn in every tick, with or without amoeba. The first candidate is tested, whichever is then picked.
+void Hra::GrowAmoeba() {
+  const int drawn = Nahoda(AmoebaMode == 1 ? 4 : 32);
+  if (CandidateCount == 0 || drawn != 1) return;
+  if (Tiles(AmoebaCandidates[0].x, AmoebaCandidates[0].y) > Dirt) return;
+  const int index = Nahoda(CandidateCount) - 1;
+  if (index < 0 || index >= static_cast<int>(AmoebaCandidates.size())) {
+    throw Fault("The replay draws an amoeba cell that is not in the list.");
+  }
+  const CellPlace place = AmoebaCandidates[static_cast<std::size_t>(index)];
+  Tiles(place.x, place.y) = Amoeba;
+  Motion(place.x, place.y) = 0;
+  Aux(place.x, place.y) = 0;
+  PREKR(place.x, place.y);
+}
+
+void Hra::ReadInput() {
+  if (!PlayingReplay) {
+    Klavesy();
+    return;
+  }
+  if (ReplayLine.size() < 3) throw Fault("The replay's line ends before the keys of its tick.");
+  const auto number = [this](std::size_t i) { return static_cast<unsigned char>(ReplayLine[i]) - kNumberBase; };
+  KeyMove = number(0);
+  KeyAction = number(1);
+  const int hero = number(2);
+  ReplayLine.erase(0, 3);
+  if (hero != CurrentHero) ZmenitPsa(hero * 10);
+}
+
+// A hero whose tile is gone is dead; the strip is painted again in every tick.
+void Hra::CheckHeroes() {
+  if (HeroLocked) return;
+  for (int i = 1; i <= HeroCount; ++i) {
+    HeroRecord& hero = Hero(i);
+    if (Tiles(hero.x, hero.y) == HeroTile) continue;
+    hero.alive = 0;
+    if (hooks && hooks->paintStrip) hooks->paintStrip(i, picture::kMrtvejPes);
+  }
+}
+
+void Hra::MoveOrIdle() {
+  if (Hero(CurrentHero).alive == 0) return;
+  if (!IsDirection(KeyMove)) {
+    Idle();
+  } else if (!HeroLocked) {
+    PohybH();
+  }
+}
+
+void Hra::Idle() {
+  ++IdleTicks;
+  if (IdleTicks == 2) SetPicture(HeroTile, picture::kImgZBP);
+  const int m = IdleTicks % 300;
+  if ((m >= 81 && m <= 95) || (m >= 177 && m <= 215)) {
+    SetPicture(HeroTile, IdleTicks % 2 == 0 ? picture::kImgZBW : picture::kImgZBP);
+  } else if (m == 50 || m == 110 || m == 225 || m == 112 || m == 229) {
+    SetPicture(HeroTile, picture::kImgZBW21);
+  } else if (m == 51 || m == 111 || m == 226 || m == 270) {
+    SetPicture(HeroTile, picture::kImgZBW22);
+  } else if (m == 52 || m == 113) {
+    SetPicture(HeroTile, picture::kImgZBP);
+  }
+  if (m == 299 && lblCas != 0 && Wishes().DatPauzu != 0 && hooks && hooks->idlePause) hooks->idlePause();
+  if (!HeroLocked) PREKR(Hero(CurrentHero).x, Hero(CurrentHero).y);
+}
+
+// The marks of the tick are taken back here, amoeba changes, and creatures that touch a hero or amoeba go off.
+void Hra::ScanMarks() {
+  const bool animate = Wishes().AnimovatAaB != 0;
+  int amoebaCount = 0;
+  for (int y = 0; y < CaveHeight; ++y) {
+    for (int x = 0; x < CaveWidth; ++x) {
+      if (animate && Tiles(x, y) == SlimeTile) PREKR(x, y);
+      MovedFlag(x, y) = 0;
+      if (Tiles(x, y) == Amoeba) {
+        if (animate) PREKR(x, y);
+        ScanMarksOfAmoeba(x, y, amoebaCount);
+      }
+      if (Tiles(x, y) != Explosion && Aux(x, y) >= 5) {
+        Aux(x, y) = static_cast<std::uint8_t>((Aux(x, y) + 5) / 10);
+        PREKR(x, y);
+      }
+      if (Tiles(x, y) == Vacated) {
+        Tiles(x, y) = Empty;
+        PREKR(x, y);
+      }
+      if (IsCreature(Tiles(x, y))) CreatureContact(x, y);
+    }
+  }
+}
+
+void Hra::ScanMarksOfAmoeba(int x, int y, int& amoebaCount) {
+  if (AmoebaMode == 2) {
+    Tiles(x, y) = Rock;
+    Motion(x, y) = 2;
+    PREKR(x, y);
+    return;
+  }
+  if (CandidateCount == 0) {
+    Tiles(x, y) = Gem;
+    Motion(x, y) = 2;
+    PREKR(x, y);
+    if (AmoebaMode != 3) ShowMessage(LangStr[101], colour::kGreen);
+    AmoebaMode = 3;
+  }
+  ++amoebaCount;
+  // At least 5/22 of the cave's area, in whole numbers.
+  if (amoebaCount * 22 >= CaveWidth * CaveHeight * 5) {
+    AmoebaMode = 2;
+    ShowMessage(LangStr[102], colour::kGreen);
+  }
+}
+
+void Hra::CreatureContact(int x, int y) {
+  if (!Beside(x, y, HeroTile) && !Beside(x, y, Amoeba)) return;
+  if (Tiles(x, y) == Firefly) Exploze(x, y, 0, 0);
+  if (Tiles(x, y) == Butterfly) Exploze(x, y, 3, 2);
+  if (Tiles(x, y) == Fly) Exploze(x, y, 2, 2);
+}
+
+// The clock counts ticks, not real seconds. A number of other than three digits is not shown.
+void Hra::RunClock() {
+  if (TimeLimit > ElapsedTime) ElapsedTime += 0.1;
+  const int left = static_cast<int>(std::floor(TimeLimit - ElapsedTime));
+  if (left != lblCas && left >= 0 && left <= 999) {
+    lblCas = left;
+    if (lblCas < 11) PZvukTime(lblCas);
+  }
+  if (!(TimeLimit > ElapsedTime)) lblCas = 0;
+}
+
+void Hra::SpeedAmoebaUp() {
+  if (AmoebaMode != 0 || CandidateCount == 0 || AmoebaTime - 1 > std::floor(ElapsedTime)) return;
+  AmoebaMode = 1;
+  ShowMessage(LangStr[103], colour::kGreen);
+}
+
+void Hra::EndLine() {
+  if (PlayingReplay && !ReplayLine.empty()) ShowMessage(Unscramble(ReplayLine), colour::kCyan);
+  if (!PlayingReplay && chkRec == 1) RecordBuffer += "\r\n";
+}
+
+void Hra::Pulse() {
+  BlinkPhase = (BlinkPhase + 1) % 16;
+  const auto level = static_cast<std::uint32_t>(BlinkPhase < 8 ? BlinkPhase * 24 + 87 : 255 - (BlinkPhase - 8) * 24);
+  if (hooks && hooks->pulse) hooks->pulse(PlayingReplay ? level << 16 : level);
+}
+
+void Hra::ReadCommandKeys() {
+  if (Held(key::kControl) && Held(key::kR) && hooks->restart) hooks->restart();
+  if (PlayingReplay && Held(key::kControl) && Held(key::kC)) FollowHero = !FollowHero;
+  if (!FollowHero && hooks && hooks->scrollFreely) hooks->scrollFreely();
+}
