@@ -1,0 +1,97 @@
+// What the rules cost without a screen. Each tick starts from a fixed state that is copied in outside the measured time, so
+// that a cave does not come to rest while it is measured.
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "cave/cave_text.h"
+#include "engine/hra.h"
+
+namespace {
+
+/// The largest cave, full of things that move: every kind of object and creature, amoeba and growing walls, in a pattern that
+/// repeats every few cells.
+CaveRecord BusyCave() {
+  CaveRecord record;
+  record.Width = kMaxWidth;
+  record.Height = kMaxHeight;
+  record.Time = 900;
+  record.Need = 500;
+  record.MagicTime = 100;
+  record.AmoebaTime = 100;
+  record.SlimeThrough = 4;
+  const std::string pattern = "R.;D.F..R;U.LR.E.D..A;.!R.V..S.KD.XM.O.@R..#Y;..R.D";
+  for (int y = 0; y < record.Height; ++y) {
+    for (int x = 0; x < record.Width; ++x) {
+      record.Cell(x, y) = pattern[static_cast<std::size_t>(x * 7 + y * 13 + x * y % 5) % pattern.size()];
+    }
+  }
+  record.Cell(1, 1) = '1';
+  return record;
+}
+
+/// A cave of the usual size at rest: dirt, walls, some rocks and gems that lie still.
+CaveRecord QuietCave() {
+  CaveRecord record;
+  record.Width = 30;
+  record.Height = 20;
+  record.Time = 900;
+  record.Need = 500;
+  record.SlimeThrough = 4;
+  for (int y = 0; y < record.Height; ++y) {
+    for (int x = 0; x < record.Width; ++x) {
+      record.Cell(x, y) = (x + y) % 7 == 0 && y % 3 == 0 ? 'R' : x % 9 == 4 ? 'X' : ';';
+    }
+  }
+  record.Cell(2, 2) = '1';
+  return record;
+}
+
+Hra Running(const CaveRecord& record, int ticks) {
+  Hra game;
+  game.random = Random(7);
+  game.PaintCave(BuildCaveText(record));
+  game.Command1_Click();
+  for (int i = 0; i < ticks; ++i) game.tmrHra_Timer();
+  return game;
+}
+
+/// Ticks one after the other from the same start, a batch at a time; the copy back is not measured.
+void Tick(benchmark::State& state, const CaveRecord& record, int warmUp) {
+  constexpr int kBatch = 20;
+  const Hra start = Running(record, warmUp);
+  Hra game = start;
+  for (auto _ : state) {
+    state.PauseTiming();
+    game = start;
+    state.ResumeTiming();
+    for (int i = 0; i < kBatch; ++i) game.tmrHra_Timer();
+  }
+  state.counters["per tick"] =
+      benchmark::Counter(kBatch, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+void TickLargestBusyCave(benchmark::State& state) { Tick(state, BusyCave(), 3); }
+void TickUsualQuietCave(benchmark::State& state) { Tick(state, QuietCave(), 3); }
+
+void PaintCave(benchmark::State& state) {
+  const std::string text = BuildCaveText(BusyCave());
+  Hra game;
+  for (auto _ : state) game.PaintCave(text);
+}
+
+void CopyState(benchmark::State& state) {
+  const Hra start = Running(BusyCave(), 100);
+  for (auto _ : state) {
+    Hra copy = start;
+    benchmark::DoNotOptimize(copy);
+  }
+}
+
+BENCHMARK(TickLargestBusyCave)->Unit(benchmark::kMicrosecond);
+BENCHMARK(TickUsualQuietCave)->Unit(benchmark::kMicrosecond);
+BENCHMARK(PaintCave)->Unit(benchmark::kMicrosecond);
+BENCHMARK(CopyState)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
