@@ -1,9 +1,9 @@
 #include "cave/cave_text.h"
 
 #include <cstdio>
-#include <fstream>
 
 #include "base/fault.h"
+#include "base/files.h"
 #include "base/lang_str.h"
 #include "cave/scramble.h"
 
@@ -162,11 +162,8 @@ std::string CaveTemplate(int number) {
 std::string LoadCaveText(const std::string& fileName, int caveNumber) {
   if (fileName == "*1") return CaveTemplate(1);
   if (fileName == "*2") return CaveTemplate(2);
-  std::ifstream file(fileName, std::ios::binary);
-  if (!file) throw Fault("The file cannot be opened.", fileName);
   const std::string tail = "---" + TwoDigits(caveNumber);
-  for (std::string line; std::getline(file, line);) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
+  for (const std::string& line : SplitLines(ReadFile(fileName))) {
     std::string plain = Unscramble(line);
     if (plain.ends_with(tail)) return plain;
   }

@@ -1,0 +1,205 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "base/code_page.h"
+#include "base/fault.h"
+#include "base/files.h"
+#include "base/utf8.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::string AllBytes() {
+  std::string bytes;
+  for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
+  return bytes;
+}
+
+TEST(CodePage, EveryByteSurvivesTheWayToUtf8AndBack) {
+  for (const CodePage page : {CodePage::k1250, CodePage::k1251}) {
+    const std::string utf8 = ToUtf8(AllBytes(), page);
+    EXPECT_EQ(FromUtf8(utf8, page), AllBytes());
+    for (const char32_t code : CodePoints(utf8)) EXPECT_LT(code, 0xD800u) << "not UTF-8";
+  }
+}
+
+TEST(CodePage, KnownLetters) {
+  EXPECT_EQ(Cp1250("Zorbík"), "Zorb\xEDk");
+  EXPECT_EQ(Cp1250("ĚŠČŘŽÝÁÍÉ"), "\xCC\x8A\xC8\xD8\x8E\xDD\xC1\xCD\xC9");
+  EXPECT_EQ(Cp1250("€„“…–"), "\x80\x84\x93\x85\x96");
+  EXPECT_EQ(FromUtf8("Ёжик №1", CodePage::k1251),
+            "\xA8\xE6\xE8\xEA \xB9"
+            "1");
+  EXPECT_EQ(ToUtf8("\xC7\xCE\xD0\xC1\xC8", CodePage::k1251), "ЗОРБИ");
+}
+
+TEST(CodePage, WhatThePageLacksBecomesAQuestionMark) {
+  EXPECT_EQ(Cp1250("a犬b😀c"), "a?b?c");
+  EXPECT_EQ(Cp1250("Ж"), "?");
+  EXPECT_EQ(FromUtf8("ž", CodePage::k1251), "?");
+  EXPECT_EQ(FromUtf8("\xC2\x80", CodePage::k1250), "?") << "code 0x80 is another character in the page";
+  // No UTF-8: stray continuation, cut short, overlong, half a surrogate pair, beyond the last code point.
+  EXPECT_EQ(Cp1250("a\x80z"), "a?z");
+  EXPECT_EQ(Cp1250("\xC4"), "?");
+  EXPECT_EQ(Cp1250("\xC0\xAF"), "??");
+  EXPECT_EQ(Cp1250("\xED\xA0\x80"), "???");
+  EXPECT_EQ(Cp1250("\xF4\x90\x80\x80"), "????");
+}
+
+TEST(CodePage, CaseOfLetters) {
+  const std::string upper1250 = Cp1250("ABZ ÁÄČĎÉĚÍĹĽŇÓÔŔŘŠŤÚŮÝŽ Ł ß¤");
+  const std::string lower1250 = Cp1250("abz áäčďéěíĺľňóôŕřšťúůýž ł ß¤");
+  EXPECT_EQ(ToLower(upper1250, CodePage::k1250), lower1250);
+  EXPECT_EQ(ToUpper(lower1250, CodePage::k1250), upper1250);
+  const std::string upper1251 = FromUtf8("ABZ АЖЯЁЂЄЇҐЏ №", CodePage::k1251);
+  const std::string lower1251 = FromUtf8("abz ажяёђєїґџ №", CodePage::k1251);
+  EXPECT_EQ(ToLower(upper1251, CodePage::k1251), lower1251);
+  EXPECT_EQ(ToUpper(lower1251, CodePage::k1251), upper1251);
+}
+
+TEST(CodePage, CaseChangesNothingButLetters) {
+  for (const CodePage page : {CodePage::k1250, CodePage::k1251}) {
+    const std::string lower = ToLower(AllBytes(), page);
+    const std::string upper = ToUpper(AllBytes(), page);
+    EXPECT_EQ(ToLower(lower, page), lower);
+    EXPECT_EQ(ToUpper(upper, page), upper);
+    for (std::size_t i = 0; i < 256; ++i) {
+      const char byte = static_cast<char>(i);
+      if (lower[i] == byte) continue;
+      EXPECT_EQ(ToUpper(lower.substr(i, 1), page), std::string(1, byte)) << "byte " << i;
+    }
+  }
+}
+
+TEST(Utf8, StrayBytesKeepTextsApart) {
+  EXPECT_NE(CaseKey("a\xE9"), CaseKey("a\xEA"));
+  std::string back;
+  for (const char32_t code : CodePoints("\xFF ř\x80 €😀")) AppendUtf8(back, code);
+  EXPECT_EQ(back, "\xFF ř\x80 €😀");
+}
+
+TEST(Lines, LfAndCrLf) {
+  EXPECT_THAT(SplitLines(""), IsEmpty());
+  EXPECT_THAT(SplitLines("\n"), ElementsAre(""));
+  EXPECT_THAT(SplitLines("a\r\nb\nc"), ElementsAre("a", "b", "c"));
+  EXPECT_THAT(SplitLines("a\r\r\n\r\n\nx\ry\r"), ElementsAre("a\r", "", "", "x\ry"));
+}
+
+class Files : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string pattern = (fs::temp_directory_path() / "zorbik-test-XXXXXX").string();
+    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+    folder_ = pattern;
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+
+  std::string Make(const std::string& name, const std::string& contents = "") const {
+    fs::create_directories((folder_ / name).parent_path());
+    std::ofstream(Path(name), std::ios::binary) << contents;
+    return Path(name);
+  }
+
+  fs::path folder_;
+};
+
+TEST_F(Files, WrittenBytesAreReadBack) {
+  const std::string contents = AllBytes() + std::string(200000, 'x') + "\r\n";
+  WriteFile(Path("Žluťoučký kůň.zb"), contents);
+  EXPECT_EQ(ReadFile(Path("Žluťoučký kůň.zb")), contents);
+  WriteFile(Path("Žluťoučký kůň.zb"), "");
+  EXPECT_EQ(ReadFile(Path("Žluťoučký kůň.zb")), "");
+  EXPECT_THAT(ListFiles(folder_.string(), ""), ElementsAre("Žluťoučký kůň.zb")) << "no temporary file is left";
+}
+
+template <class Action>
+void ExpectFault(Action action, const std::string& file, const std::string& reason) {
+  try {
+    action();
+    FAIL() << "no fault";
+  } catch (const Fault& fault) {
+    EXPECT_EQ(fault.file(), file);
+    EXPECT_THAT(fault.what(), HasSubstr(reason));
+  }
+}
+
+TEST_F(Files, FailuresNameTheFileAndTheReason) {
+  ExpectFault([&] { ReadFile(Path("missing.zb")); }, Path("missing.zb"), "No such file");
+  ExpectFault([&] { ReadFile(folder_.string()); }, folder_.string(), "directory");
+  ExpectFault([&] { WriteFile(Path("no/such/folder.zb"), "x"); }, Path("no/such/folder.zb"), "No such file");
+  fs::create_directory(folder_ / "d.zb");
+  ExpectFault([&] { WriteFile(Path("d.zb"), "x"); }, Path("d.zb"), "directory");
+  EXPECT_THAT(ListFiles(folder_.string(), ""), IsEmpty());
+}
+
+TEST_F(Files, AFailedWriteLeavesTheOldFile) {
+  const std::string path = Make("set.zb", "old");
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit small = before;
+  small.rlim_cur = 5;
+  setrlimit(RLIMIT_FSIZE, &small);
+  ExpectFault([&] { WriteFile(path, "much longer than five bytes"); }, path, "too large");
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(ReadFile(path), "old");
+  EXPECT_THAT(ListFiles(folder_.string(), ""), ElementsAre("set.zb"));
+}
+
+TEST_F(Files, OverwritingKeepsPermissionsAndLinks) {
+  const std::string path = Make("real/set.zb", "old");
+  chmod(path.c_str(), 0440);
+  fs::create_symlink("real/set.zb", folder_ / "link.zb");
+  WriteFile(Path("link.zb"), "new");
+  EXPECT_TRUE(fs::is_symlink(folder_ / "link.zb"));
+  EXPECT_EQ(ReadFile(path), "new");
+  struct stat now {};
+  ASSERT_EQ(stat(path.c_str(), &now), 0);
+  EXPECT_EQ(now.st_mode & 0777, 0640u) << "a read-only file becomes writable";
+}
+
+TEST_F(Files, NamesAreFoundRegardlessOfCase) {
+  const std::string record = Make("Hráči/Čeněk/SADA - Žába.zbr");
+  EXPECT_EQ(FindPath(record), record);
+  EXPECT_EQ(FindPath(Path("hráČI/čENĚK/sada - žába.zbr")), record);
+  EXPECT_EQ(FindPath(Path("hráči//čeněk")), Path("Hráči//Čeněk"));
+  EXPECT_EQ(FindPath(Path("Hráči/čenek")), "") << "an accent is no matter of case";
+  EXPECT_EQ(FindPath(Path("hráči/čeněk/sada - žába.zbr/more")), "");
+  EXPECT_EQ(FindPath(Path("hráči/čeněk/sada - žába.zbr/")), "");
+  EXPECT_EQ(FindPath(""), "");
+}
+
+TEST_F(Files, TheExactNameComesFirst) {
+  const std::string exact = Make("folder/a.zb");
+  const std::string other = Make("FOLDER/B.zb");
+  Make("folder/A.zb");
+  EXPECT_EQ(FindPath(exact), exact);
+  EXPECT_EQ(FindPath(Path("Folder/A.ZB")), Path("folder/A.zb"));
+  EXPECT_EQ(FindPath(Path("folder/b.zb")), other) << "looks on when the first folder lacks the file";
+}
+
+TEST_F(Files, ListingsAreSortedRegardlessOfCase) {
+  for (const char* name : {"beta.ZB", "Alfa.zb", "ČERT.zb", "čert2.Zb", "alfa2.zb", "note.txt", "zb", "x.zbl"})
+    Make(name);
+  fs::create_directory(folder_ / "folder.zb");
+  fs::create_directory(folder_ / "Archiv");
+  EXPECT_THAT(ListFiles(folder_.string(), ".zb"), ElementsAre("Alfa.zb", "alfa2.zb", "beta.ZB", "ČERT.zb", "čert2.Zb"));
+  EXPECT_THAT(ListFolders(folder_.string()), ElementsAre("Archiv", "folder.zb"));
+  EXPECT_THAT(ListFiles(Path("missing"), ".zb"), IsEmpty());
+}
+
+}  // namespace
