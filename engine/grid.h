@@ -21,19 +21,21 @@ class Grid {
   bool operator==(const Grid&) const = default;
 
  private:
-  static constexpr int kColumns = X1 - X0 + 1;
-  static constexpr int kRows = Y1 - Y0 + 1;
+  static constexpr unsigned kColumns = X1 - X0 + 1;
+  static constexpr unsigned kRows = Y1 - Y0 + 1;
 
   static std::size_t Index(int x, int y) {
-    if (x < X0 || x > X1 || y < Y0 || y > Y1) [[unlikely]] {
+    const auto column = static_cast<unsigned>(x - X0);  // negative numbers become large ones: one comparison a side
+    const auto row = static_cast<unsigned>(y - Y0);
+    if (column >= kColumns || row >= kRows) [[unlikely]] {
       Outside(x, y);
     }
-    return static_cast<std::size_t>((y - Y0) * kColumns + (x - X0));
+    return row * kColumns + column;
   }
 
   [[noreturn]] static void Outside(int x, int y) {
     throw Fault("The cell " + std::to_string(x) + ", " + std::to_string(y) + " lies outside the cave.");
   }
 
-  std::array<T, static_cast<std::size_t>(kColumns* kRows)> cells_{};
+  std::array<T, std::size_t{kColumns} * kRows> cells_{};
 };

@@ -14,6 +14,7 @@
 #include "engine/grid.h"
 #include "engine/hooks.h"
 #include "engine/pictures.h"
+#include "engine/row_columns.h"
 
 /// Virtual key codes that the rules ask for.
 namespace key {
@@ -199,16 +200,22 @@ class Hra {
 
   // tmrHra_Timer
   bool ReadReplayLine();
+  RowColumns ExplosionCells(int y) const;
   void ScanExplosions();
+  void RunExplosion(int x, int y);
+  RowColumns CellsWithTurn(int y) const;
   void ScanRules();
-  void ScanRulesOfCell(int x, int y);
+  void RunTile(int x, int y, std::uint16_t tile);
+  void AddCandidate(int x, int y);
   void GrowWall(int x, int y, std::uint16_t tile, int dx, int dy);
   void GrowAmoeba();
   void ReadInput();
   void CheckHeroes();
   void MoveOrIdle();
   void Idle();
+  RowColumns CellsWithMark(int y) const;
   void ScanMarks();
+  void ClearMark(int x, int y);
   void ScanMarksOfAmoeba(int x, int y, int& amoebaCount);
   void CreatureContact(int x, int y);
   void RunClock();

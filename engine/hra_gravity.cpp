@@ -10,7 +10,7 @@ void Hra::NewGravitace(int x, int y) {
 }
 
 bool Hra::FreeToRoll(int x, int y, int side) const {
-  return Tiles(x + side, y) == Empty && Tiles(x + side, y + 1) == Empty;
+  return (Tiles.Row(y)[x + side] | Tiles.Row(y + 1)[x + side]) == Empty;
 }
 
 void Hra::MoveFalling(int x, int y, int toX, int toY) {
@@ -21,16 +21,17 @@ void Hra::MoveFalling(int x, int y, int toX, int toY) {
   PREKR(toX, toY);
 }
 
-/// An object at rest: it falls into an empty cell, and rolls off a rounded one, left before right.
+/// An object at rest: it falls into an empty cell, and rolls off a rounded one, left before right. Most lie still in
+/// most ticks, so whether it moves at all is asked in one question.
 void Hra::StartToFall(int x, int y) {
-  if (Tiles(x, y + 1) == Empty) {
+  const bool falls = Tiles.Row(y + 1)[x] == Empty;
+  const bool left = FreeToRoll(x, y, -1);
+  const bool rolls = (Motion.Row(y + 1)[x] != 0) & (left | FreeToRoll(x, y, 1));
+  if (!(falls | rolls)) return;
+  if (falls) {
     MoveFalling(x, y, x, y + 1);
-  } else if (Motion(x, y + 1) != 0) {
-    if (FreeToRoll(x, y, -1)) {
-      MoveFalling(x, y, x - 1, y);
-    } else if (FreeToRoll(x, y, 1)) {
-      MoveFalling(x, y, x + 1, y);
-    }
+  } else {
+    MoveFalling(x, y, left ? x - 1 : x + 1, y);
   }
 }
 

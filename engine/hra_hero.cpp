@@ -18,9 +18,7 @@ int PictureOfMove(int keyMove) {
   }
 }
 
-bool IsColouredGem(std::uint16_t tile) {
-  return tile >= RedGem && tile <= BlueGem;
-}
+bool IsColouredGem(std::uint16_t tile) { return tile >= RedGem && tile <= BlueGem; }
 
 }  // namespace
 

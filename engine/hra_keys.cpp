@@ -7,9 +7,7 @@ constexpr int kNumberBase = 65;
 constexpr int kArrowBase = 36;  // direction 1..4 (left, up, right, down) + 36 is the virtual key
 }  // namespace
 
-bool Hra::Held(int virtualKey) const {
-  return hooks && hooks->keyHeld && hooks->keyHeld(virtualKey);
-}
+bool Hra::Held(int virtualKey) const { return hooks && hooks->keyHeld && hooks->keyHeld(virtualKey); }
 
 void Hra::ProjedKlv() {
   if (hooks && hooks->dropKeys) hooks->dropKeys();

@@ -22,13 +22,9 @@ std::string Replaced(std::string text, std::string_view from, const std::string&
 
 }  // namespace
 
-const Settings& Hra::Wishes() const {
-  return settings != nullptr ? *settings : kDefaultSettings;
-}
+const Settings& Hra::Wishes() const { return settings != nullptr ? *settings : kDefaultSettings; }
 
-HeroRecord& Hra::Hero(int number) {
-  return const_cast<HeroRecord&>(std::as_const(*this).Hero(number));
-}
+HeroRecord& Hra::Hero(int number) { return const_cast<HeroRecord&>(std::as_const(*this).Hero(number)); }
 
 const HeroRecord& Hra::Hero(int number) const {
   if (number < 0 || number >= static_cast<int>(Heroes.size())) {

@@ -1,5 +1,7 @@
 // The tick: one fixed sequence of steps over the grids. Scans go row by row from the top, each row from the left.
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "base/fault.h"
@@ -11,12 +13,13 @@ namespace {
 
 constexpr int kNumberBase = 65;
 
-bool IsDirection(int virtualKey) {
-  return virtualKey >= key::kLeft && virtualKey <= key::kDown;
-}
+bool IsDirection(int virtualKey) { return virtualKey >= key::kLeft && virtualKey <= key::kDown; }
 
-bool IsCreature(std::uint16_t tile) {
-  return tile == Firefly || tile == Butterfly || tile == Fly;
+bool IsCreature(std::uint16_t tile) { return (tile == Firefly) | (tile == Butterfly) | (tile == Fly); }
+
+/// Whether the tile has a turn of its own in the second scan.
+bool Acts(std::uint16_t tile) {
+  return IsCreature(tile) | (tile == SlimeTile) | (tile == GrowWallH) | (tile == GrowWallV);
 }
 
 }  // namespace
@@ -50,69 +53,110 @@ bool Hra::ReadReplayLine() {
   return false;
 }
 
+RowColumns Hra::ExplosionCells(int y) const {
+  const std::uint16_t* tiles = Tiles.Row(y);
+  RowColumns::Chosen explodes{};
+  for (int x = 0; x < CaveWidth; ++x) explodes[static_cast<std::size_t>(x)] = tiles[x] == Explosion;
+  return RowColumns(explodes);
+}
+
 void Hra::ScanExplosions() {
   for (int y = 0; y < CaveHeight; ++y) {
-    const std::uint16_t* tiles = Tiles.Row(y);
-    for (int x = 0; x < CaveWidth; ++x) {
-      if (tiles[x] != Explosion) continue;
-      std::uint8_t& aux = Aux(x, y);
-      switch (aux) {
-        case 3:
-        case 7:
-          Tiles(x, y) = Empty;
-          aux = 0;
-          break;
-        case 11:
-        case 15:
-          Tiles(x, y) = aux == 11 ? Rock : Gem;
-          Motion(x, y) = 2;
-          aux = 0;
-          break;
-        default:
-          ++aux;
-          SetPicture(Explosion, picture::kExpld + aux);
-      }
+    for (const int x : ExplosionCells(y)) {
+      RunExplosion(x, y);
       PREKR(x, y);
       MovedFlag(x, y) = -1;
     }
   }
 }
 
+/// The next frame of an explosion, or what its last frame leaves.
+void Hra::RunExplosion(int x, int y) {
+  std::uint8_t& aux = Aux(x, y);
+  if (aux == 3 || aux == 7) {
+    Tiles(x, y) = Empty;
+    aux = 0;
+  } else if (aux == 11 || aux == 15) {
+    Tiles(x, y) = aux == 11 ? Rock : Gem;
+    Motion(x, y) = 2;
+    aux = 0;
+  } else {
+    ++aux;
+    SetPicture(Explosion, picture::kExpld + aux);
+  }
+}
+
+/// The cells of a row that can have a turn in the second scan: what has weight, acts by itself, or may lie beside
+/// amoeba, and has not been handled yet. Found for the whole row at once and without branches, which is what keeps a
+/// large cave fast. What enters another cell of the row later in the scan is marked as handled, so nothing is missed;
+/// the turn itself tests everything afresh.
+RowColumns Hra::CellsWithTurn(int y) const {
+  const std::uint16_t* above = Tiles.Row(y - 1);
+  const std::uint16_t* tiles = Tiles.Row(y);
+  const std::uint16_t* below = Tiles.Row(y + 1);
+  const std::uint8_t* motion = Motion.Row(y);
+  const std::int16_t* moved = MovedFlag.Row(y);
+  RowColumns::Chosen hasTurn{};
+  for (int x = 0; x < CaveWidth; ++x) {
+    const bool amoeba =
+        (above[x] == Amoeba) | (below[x] == Amoeba) | (tiles[x - 1] == Amoeba) | (tiles[x + 1] == Amoeba);
+    hasTurn[static_cast<std::size_t>(x)] = (moved[x] == 0) & (amoeba | (motion[x] >= 2) | Acts(tiles[x]));
+  }
+  return RowColumns(hasTurn);
+}
+
 void Hra::ScanRules() {
   CandidateCount = 0;
   for (int y = 0; y < CaveHeight; ++y) {
     const std::int16_t* moved = MovedFlag.Row(y);
-    for (int x = 0; x < CaveWidth; ++x) {
-      if (moved[x] == 0) ScanRulesOfCell(x, y);
+    const std::uint8_t* motion = Motion.Row(y);
+    const std::uint16_t* tiles = Tiles.Row(y);
+    for (const int x : CellsWithTurn(y)) {
+      if (moved[x] != 0) continue;
+      // Read afresh: an object that comes to rest in the first line has its turn as one at rest in the second.
+      if (motion[x] == 3) NewGravitace(x, y);
+      if (motion[x] == 2) StartToFall(x, y);
+      if (Acts(tiles[x])) RunTile(x, y, tiles[x]);
+      if (tiles[x] <= Dirt && Beside(x, y, Amoeba)) AddCandidate(x, y);
     }
   }
 }
 
-// Each test reads the grids afresh, so an object that lands in the first line is handled again in the second.
-void Hra::ScanRulesOfCell(int x, int y) {
-  if (Motion(x, y) == 3) NewGravitace(x, y);
-  if (Motion(x, y) == 2) NewGravitace(x, y);
-  if (IsCreature(Tiles(x, y))) Potvory(x, y);
-  if (Tiles(x, y) == SlimeTile) Slime(x, y);
-  if (Tiles(x, y) == GrowWallH) {
-    GrowWall(x, y, GrowWallH, -1, 0);
-    GrowWall(x, y, GrowWallH, 1, 0);
-  }
-  if (Tiles(x, y) == GrowWallV) {
-    GrowWall(x, y, GrowWallV, 0, -1);
-    GrowWall(x, y, GrowWallV, 0, 1);
-  }
-  if (Tiles(x, y) <= Dirt && Beside(x, y, Amoeba)) {
-    if (CandidateCount >= static_cast<int>(AmoebaCandidates.size())) {
-      throw Fault("The amoeba of this cave has more than 2501 cells to grow into.");
-    }
-    AmoebaCandidates[static_cast<std::size_t>(CandidateCount++)] = {static_cast<std::uint8_t>(x),
-                                                                    static_cast<std::uint8_t>(y)};
+void Hra::RunTile(int x, int y, std::uint16_t tile) {
+  switch (tile) {
+    case Firefly:
+    case Butterfly:
+    case Fly:
+      Potvory(x, y);
+      break;
+    case SlimeTile:
+      Slime(x, y);
+      break;
+    case GrowWallH:
+      GrowWall(x, y, tile, -1, 0);
+      GrowWall(x, y, tile, 1, 0);
+      break;
+    case GrowWallV:
+      GrowWall(x, y, tile, 0, -1);
+      GrowWall(x, y, tile, 0, 1);
+      break;
+    default:
+      break;
   }
 }
 
+void Hra::AddCandidate(int x, int y) {
+  if (CandidateCount >= static_cast<int>(AmoebaCandidates.size())) {
+    throw Fault("The amoeba of this cave has more than 2501 cells to grow into.");
+  }
+  AmoebaCandidates[static_cast<std::size_t>(CandidateCount++)] = {static_cast<std::uint8_t>(x),
+                                                                  static_cast<std::uint8_t>(y)};
+}
+
+/// Whether one of the four neighbours of a cell of the cave holds the tile.
 bool Hra::Beside(int x, int y, std::uint16_t tile) const {
-  return Tiles(x - 1, y) == tile || Tiles(x + 1, y) == tile || Tiles(x, y - 1) == tile || Tiles(x, y + 1) == tile;
+  const std::uint16_t* row = Tiles.Row(y) + x;
+  return ((row[-1] == tile) | (row[1] == tile) | (Tiles.Row(y - 1)[x] == tile) | (Tiles.Row(y + 1)[x] == tile)) != 0;
 }
 
 // Motion of the new cell is not written: an empty cell that kept Motion 2 hands it to the wall. That is meant.
@@ -190,29 +234,49 @@ void Hra::Idle() {
   if (!HeroLocked) PREKR(Hero(CurrentHero).x, Hero(CurrentHero).y);
 }
 
-// The marks of the tick are taken back here, amoeba changes, and creatures that touch a hero or amoeba go off.
+/// The cells of a row that the third scan has to look at. A blast during the scan only takes such cells away.
+RowColumns Hra::CellsWithMark(int y) const {
+  const std::uint16_t* tiles = Tiles.Row(y);
+  const std::uint8_t* aux = Aux.Row(y);
+  RowColumns::Chosen hasMark{};
+  for (int x = 0; x < CaveWidth; ++x) {
+    const std::uint16_t tile = tiles[x];
+    hasMark[static_cast<std::size_t>(x)] = ((aux[x] >= 5) & (tile != Explosion)) | IsCreature(tile) | (tile == Amoeba) |
+                                           (tile == SlimeTile) | (tile == Vacated);
+  }
+  return RowColumns(hasMark);
+}
+
+// The marks of the tick are taken back here, amoeba changes, and creatures that touch a hero or amoeba go off. A blast
+// marks cells as handled that this scan may have passed already; they stay so, and the first scan would mark them again
+// anyway.
 void Hra::ScanMarks() {
   const bool animate = Wishes().AnimovatAaB != 0;
   int amoebaCount = 0;
   for (int y = 0; y < CaveHeight; ++y) {
-    for (int x = 0; x < CaveWidth; ++x) {
-      if (animate && Tiles(x, y) == SlimeTile) PREKR(x, y);
-      MovedFlag(x, y) = 0;
-      if (Tiles(x, y) == Amoeba) {
+    std::fill_n(MovedFlag.Row(y), CaveWidth, std::int16_t{0});
+    const std::uint16_t* tiles = Tiles.Row(y);
+    std::uint8_t* aux = Aux.Row(y);
+    for (const int x : CellsWithMark(y)) {
+      if (animate && tiles[x] == SlimeTile) PREKR(x, y);
+      if (tiles[x] == Amoeba) {
         if (animate) PREKR(x, y);
         ScanMarksOfAmoeba(x, y, amoebaCount);
       }
-      if (Tiles(x, y) != Explosion && Aux(x, y) >= 5) {
-        Aux(x, y) = static_cast<std::uint8_t>((Aux(x, y) + 5) / 10);
+      if (aux[x] >= 5 && tiles[x] != Explosion) {
+        aux[x] = static_cast<std::uint8_t>((aux[x] + 5) / 10);
         PREKR(x, y);
       }
-      if (Tiles(x, y) == Vacated) {
-        Tiles(x, y) = Empty;
-        PREKR(x, y);
-      }
-      if (IsCreature(Tiles(x, y))) CreatureContact(x, y);
+      if (tiles[x] == Vacated) ClearMark(x, y);
+      if (IsCreature(tiles[x])) CreatureContact(x, y);
     }
   }
+}
+
+/// Turns a cell that a creature has left into an empty one; its Motion stays.
+void Hra::ClearMark(int x, int y) {
+  Tiles(x, y) = Empty;
+  PREKR(x, y);
 }
 
 void Hra::ScanMarksOfAmoeba(int x, int y, int& amoebaCount) {
