@@ -22,6 +22,11 @@ namespace fs = std::filesystem;
   throw Fault(what + ": " + std::generic_category().message(error) + ".", path);
 }
 
+/// The system would cut the path off at a zero character and so take another file.
+void CheckPath(const std::string& path) {
+  if (path.find('\0') != std::string::npos) throw Fault("The name of the file holds a zero character.", path);
+}
+
 /// An open file; closed at the end of its life at the latest.
 class OpenFile {
  public:
@@ -122,7 +127,7 @@ std::string FindBelow(const std::string& folder, std::string_view rest) {
     if (other != name && CaseKey(other) == key) candidates.push_back(other);
   }
   for (const std::string& candidate : candidates) {
-    const std::string found = rest.empty() ? here + candidate : FindBelow(here + candidate, rest);
+    std::string found = rest.empty() ? here + candidate : FindBelow(here + candidate, rest);
     if (!found.empty()) return found;
   }
   return {};
@@ -131,7 +136,9 @@ std::string FindBelow(const std::string& folder, std::string_view rest) {
 }  // namespace
 
 std::string ReadFile(const std::string& path) {
-  const OpenFile file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  CheckPath(path);
+  const std::string found = FindPath(path);
+  const OpenFile file(open((found.empty() ? path : found).c_str(), O_RDONLY | O_CLOEXEC));
   if (!file.ok()) Fail("The file cannot be opened", path, errno);
   std::string contents;
   char block[1 << 16];
@@ -146,6 +153,7 @@ std::string ReadFile(const std::string& path) {
 
 void WriteFile(const std::string& path, std::string_view contents) {
   const std::string what = "The file cannot be written";
+  CheckPath(path);
   const fs::path target = BehindLinks(path);
   std::string temporary;
   OpenFile file(CreateBeside(target, temporary));
@@ -162,6 +170,7 @@ void WriteFile(const std::string& path, std::string_view contents) {
 }
 
 std::string FindPath(const std::string& path) {
+  if (path.find('\0') != std::string::npos) return {};
   if (path.empty() || Exists(path)) return path;
   return FindBelow("", path);
 }

@@ -6,13 +6,13 @@
 
 // Paths are UTF-8 with "/" between the names. A Fault of these functions carries the path and the reason.
 
-/// The whole contents of a file. Throws Fault when it cannot be read.
+/// The whole contents of a file, which is found regardless of case (see FindPath). Throws Fault when it cannot be read.
 std::string ReadFile(const std::string& path);
 
-/// Writes a file so that neither a crash nor a full disk leaves half of it: into a temporary file in the same folder,
-/// which takes the name only once it is safely on the disk. Permissions of an existing file are kept, but one that was
-/// read-only is overwritten and becomes writable. Throws Fault when that fails; the old file then stands as it was and
-/// the temporary one is gone.
+/// Writes a file, under this very name, so that neither a crash nor a full disk leaves half of it: into a temporary
+/// file in the same folder, which takes the name only once it is safely on the disk. Permissions of an existing file
+/// are kept, but one that was read-only is overwritten and becomes writable. Throws Fault when that fails; the old file
+/// then stands as it was and the temporary one is gone.
 void WriteFile(const std::string& path, std::string_view contents);
 
 /// The path under which a file or folder really exists: the very path if there is such a one, otherwise one whose names

@@ -1,7 +1,5 @@
 #include "cave/cave_text.h"
 
-#include <cstdio>
-
 #include "base/fault.h"
 #include "base/files.h"
 #include "base/lang_str.h"
@@ -73,15 +71,10 @@ void ReadTimeAndNeed(Reader& reader, CaveRecord& record) {
 }
 
 void WriteTimeAndNeed(Writer& writer, const CaveRecord& record) {
+  if (record.Time < 0 || record.Need < 0) throw Fault("The time and the need of a cave cannot be below 0.");
   writer.Number(record.Time / 10, "time");
   writer.Number(record.Time % 10 * 10 + record.Need % 10, "time and need");
   writer.Number(record.Need / 10, "need");
-}
-
-std::string TwoDigits(int number) {
-  char text[16];
-  std::snprintf(text, sizeof text, "%02d", number);
-  return text;
 }
 
 std::string NewCave(const std::string& name, std::string_view header, int width, int height) {
@@ -159,13 +152,17 @@ std::string CaveTemplate(int number) {
   return NewCave(LangStr[27], "_UPAAAAUsC", 30, 20);
 }
 
+std::string CaveTail(int number) {
+  return (number < 10 ? "---0" : "---") + std::to_string(number);
+}
+
 std::string LoadCaveText(const std::string& fileName, int caveNumber) {
   if (fileName == "*1") return CaveTemplate(1);
   if (fileName == "*2") return CaveTemplate(2);
-  const std::string tail = "---" + TwoDigits(caveNumber);
+  const std::string tail = CaveTail(caveNumber);
   for (const std::string& line : SplitLines(ReadFile(fileName))) {
     std::string plain = Unscramble(line);
-    if (plain.ends_with(tail)) return plain;
+    if (plain.size() >= 5 && plain.substr(plain.size() - 5) == tail) return plain;
   }
   return {};
 }

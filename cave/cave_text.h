@@ -18,6 +18,9 @@ std::string BuildCaveText(const CaveRecord& record);
 /// Their texts come from the language in force.
 std::string CaveTemplate(int number);
 
+/// What a set file puts behind a cave text: "---" and the number of the cave, 0..99, as two digits.
+std::string CaveTail(int number);
+
 /// "*1" and "*2" give the templates. Any other name is a set file; its cave with the given number in the tail of its
 /// line is returned with the tail, or an empty string when no line has that number. Throws Fault when the file cannot
 /// be read.

@@ -5,20 +5,20 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "base/code_page.h"
-#include "base/fault.h"
 #include "base/files.h"
 #include "base/utf8.h"
+#include "fault_check.h"
+#include "temp_folder.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
+using namespace std::string_literals;
 
 std::string AllBytes() {
   std::string bytes;
@@ -98,22 +98,12 @@ TEST(Lines, LfAndCrLf) {
 
 class Files : public testing::Test {
  protected:
-  void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "zorbik-test-XXXXXX").string();
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    folder_ = pattern;
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-
+  std::string Path(const std::string& name) const { return folder_.Path(name); }
   std::string Make(const std::string& name, const std::string& contents = "") const {
-    fs::create_directories((folder_ / name).parent_path());
-    std::ofstream(Path(name), std::ios::binary) << contents;
-    return Path(name);
+    return folder_.Make(name, contents);
   }
 
-  fs::path folder_;
+  TempFolder folder_;
 };
 
 TEST_F(Files, WrittenBytesAreReadBack) {
@@ -122,27 +112,18 @@ TEST_F(Files, WrittenBytesAreReadBack) {
   EXPECT_EQ(ReadFile(Path("Žluťoučký kůň.zb")), contents);
   WriteFile(Path("Žluťoučký kůň.zb"), "");
   EXPECT_EQ(ReadFile(Path("Žluťoučký kůň.zb")), "");
-  EXPECT_THAT(ListFiles(folder_.string(), ""), ElementsAre("Žluťoučký kůň.zb")) << "no temporary file is left";
-}
-
-template <class Action>
-void ExpectFault(Action action, const std::string& file, const std::string& reason) {
-  try {
-    action();
-    FAIL() << "no fault";
-  } catch (const Fault& fault) {
-    EXPECT_EQ(fault.file(), file);
-    EXPECT_THAT(fault.what(), HasSubstr(reason));
-  }
+  EXPECT_THAT(ListFiles(folder_.path(), ""), ElementsAre("Žluťoučký kůň.zb")) << "no temporary file is left";
 }
 
 TEST_F(Files, FailuresNameTheFileAndTheReason) {
   ExpectFault([&] { ReadFile(Path("missing.zb")); }, Path("missing.zb"), "No such file");
-  ExpectFault([&] { ReadFile(folder_.string()); }, folder_.string(), "directory");
+  ExpectFault([&] { ReadFile(Path("a\0b"s)); }, Path("a\0b"s), "zero character");
+  ExpectFault([&] { WriteFile(Path("a\0b"s), "x"); }, Path("a\0b"s), "zero character");
+  ExpectFault([&] { ReadFile(folder_.path()); }, folder_.path(), "directory");
   ExpectFault([&] { WriteFile(Path("no/such/folder.zb"), "x"); }, Path("no/such/folder.zb"), "No such file");
-  fs::create_directory(folder_ / "d.zb");
+  fs::create_directory(Path("d.zb"));
   ExpectFault([&] { WriteFile(Path("d.zb"), "x"); }, Path("d.zb"), "directory");
-  EXPECT_THAT(ListFiles(folder_.string(), ""), IsEmpty());
+  EXPECT_THAT(ListFiles(folder_.path(), ""), IsEmpty());
 }
 
 TEST_F(Files, AFailedWriteLeavesTheOldFile) {
@@ -157,15 +138,15 @@ TEST_F(Files, AFailedWriteLeavesTheOldFile) {
   setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, handler);
   EXPECT_EQ(ReadFile(path), "old");
-  EXPECT_THAT(ListFiles(folder_.string(), ""), ElementsAre("set.zb"));
+  EXPECT_THAT(ListFiles(folder_.path(), ""), ElementsAre("set.zb"));
 }
 
 TEST_F(Files, OverwritingKeepsPermissionsAndLinks) {
   const std::string path = Make("real/set.zb", "old");
   chmod(path.c_str(), 0440);
-  fs::create_symlink("real/set.zb", folder_ / "link.zb");
+  fs::create_symlink("real/set.zb", Path("link.zb"));
   WriteFile(Path("link.zb"), "new");
-  EXPECT_TRUE(fs::is_symlink(folder_ / "link.zb"));
+  EXPECT_TRUE(fs::is_symlink(Path("link.zb")));
   EXPECT_EQ(ReadFile(path), "new");
   struct stat now {};
   ASSERT_EQ(stat(path.c_str(), &now), 0);
@@ -173,8 +154,9 @@ TEST_F(Files, OverwritingKeepsPermissionsAndLinks) {
 }
 
 TEST_F(Files, NamesAreFoundRegardlessOfCase) {
-  const std::string record = Make("Hráči/Čeněk/SADA - Žába.zbr");
+  const std::string record = Make("Hráči/Čeněk/SADA - Žába.zbr", "text");
   EXPECT_EQ(FindPath(record), record);
+  EXPECT_EQ(ReadFile(Path("hráči/čeněk/sada - žába.ZBR")), "text");
   EXPECT_EQ(FindPath(Path("hráČI/čENĚK/sada - žába.zbr")), record);
   EXPECT_EQ(FindPath(Path("hráči//čeněk")), Path("Hráči//Čeněk"));
   EXPECT_EQ(FindPath(Path("Hráči/čenek")), "") << "an accent is no matter of case";
@@ -195,10 +177,10 @@ TEST_F(Files, TheExactNameComesFirst) {
 TEST_F(Files, ListingsAreSortedRegardlessOfCase) {
   for (const char* name : {"beta.ZB", "Alfa.zb", "ČERT.zb", "čert2.Zb", "alfa2.zb", "note.txt", "zb", "x.zbl"})
     Make(name);
-  fs::create_directory(folder_ / "folder.zb");
-  fs::create_directory(folder_ / "Archiv");
-  EXPECT_THAT(ListFiles(folder_.string(), ".zb"), ElementsAre("Alfa.zb", "alfa2.zb", "beta.ZB", "ČERT.zb", "čert2.Zb"));
-  EXPECT_THAT(ListFolders(folder_.string()), ElementsAre("Archiv", "folder.zb"));
+  fs::create_directory(Path("folder.zb"));
+  fs::create_directory(Path("Archiv"));
+  EXPECT_THAT(ListFiles(folder_.path(), ".zb"), ElementsAre("Alfa.zb", "alfa2.zb", "beta.ZB", "ČERT.zb", "čert2.Zb"));
+  EXPECT_THAT(ListFolders(folder_.path()), ElementsAre("Archiv", "folder.zb"));
   EXPECT_THAT(ListFiles(Path("missing"), ".zb"), IsEmpty());
 }
 
