@@ -131,18 +131,37 @@ inline constexpr std::array<File, kCount> kFiles = {{
     {"mrtvejpes.svg", Kind::kObject},
 }};
 
-// Pictures of the screens around the cave.
-inline constexpr std::string_view kBlesk = "blesk.svg";    // flash over the window, 950 x 550, partly transparent
-inline constexpr std::string_view kBonus = "bonus.svg";    // mark of a cave with a bonus
-inline constexpr std::string_view kReplay = "replay.svg";  // mark of a running replay
-inline constexpr std::string_view kIconClock = "icon_clock.svg";    // panel icons, 24 x 24
-inline constexpr std::string_view kIconGem = "icon_gem.svg";        // gems gathered
-inline constexpr std::string_view kIconNeed = "icon_need.svg";      // gems that open the exit
-inline constexpr std::string_view kIconPoints = "icon_points.svg";  // points for a gem
-inline constexpr std::string_view kIconScore = "icon_score.svg";    // points so far
-inline constexpr std::string_view kLogo = "logo.svg";               // the name with the dog, 400 x 160
-inline constexpr std::string_view kLogoEnglish = "logo_borzeek.svg";
-inline constexpr std::string_view kLogoRussian = "logo_zorbi.svg";
-inline constexpr std::string_view kApp = "app.svg";  // program icon, 256 x 256
+/// A picture that has no number: one of the screens around the cave or of the editor. Its size is in units of the file.
+struct Extra {
+  std::string_view name;
+  int width;
+  int height;
+};
+inline constexpr Extra kBlesk = {"blesk.svg", 950, 550};  // flash over the window, partly transparent
+inline constexpr Extra kBonus = {"bonus.svg", 50, 50};    // mark of a cave with a bonus
+inline constexpr Extra kReplay = {"replay.svg", 50, 50};  // mark of a running replay
+inline constexpr Extra kIconClock = {"icon_clock.svg", 24, 24};
+inline constexpr Extra kIconGem = {"icon_gem.svg", 24, 24};        // gems gathered
+inline constexpr Extra kIconNeed = {"icon_need.svg", 24, 24};      // gems that open the exit
+inline constexpr Extra kIconPoints = {"icon_points.svg", 24, 24};  // points for a gem
+inline constexpr Extra kIconScore = {"icon_score.svg", 24, 24};    // points so far
+inline constexpr Extra kStart = {"start.svg", 326, 326};           // the big disc of the start screen
+inline constexpr Extra kButton = {"button.svg", 152, 152};         // its round buttons, below a caption
+inline constexpr Extra kContest = {"contest.svg", 115, 70};        // its badge for the contests
+inline constexpr Extra kLogo = {"logo.svg", 400, 160};
+inline constexpr Extra kLogoEnglish = {"logo_borzeek.svg", 400, 160};
+inline constexpr Extra kLogoRussian = {"logo_zorbi.svg", 400, 160};
+inline constexpr Extra kApp = {"app.svg", 256, 256};  // program icon
+// Overlays of the editor: where a firefly or a butterfly first faces, and what tells a magic wall from a plain one.
+inline constexpr Extra kFacingLeft = {"facing_left.svg", 50, 50};
+inline constexpr Extra kFacingUp = {"facing_up.svg", 50, 50};
+inline constexpr Extra kFacingRight = {"facing_right.svg", 50, 50};
+inline constexpr Extra kFacingDown = {"facing_down.svg", 50, 50};
+inline constexpr Extra kMagicMark = {"magic_mark.svg", 50, 50};
+
+inline constexpr std::array<Extra, 20> kExtras = {kBlesk,      kBonus,      kReplay,      kIconClock,   kIconGem,
+                                                  kIconNeed,   kIconPoints, kIconScore,   kStart,       kButton,
+                                                  kContest,    kLogo,       kLogoEnglish, kLogoRussian, kApp,
+                                                  kFacingLeft, kFacingUp,   kFacingRight, kFacingDown,  kMagicMark};
 
 }  // namespace picture
