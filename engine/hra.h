@@ -85,9 +85,6 @@ class Hra {
   /// One tick. Throws Fault when a replay line does not fit or a cell outside the grids is asked for.
   void tmrHra_Timer();
 
-  /// The sum of the cave as it would be won now.
-  WinSum Sum() const;
-
   /// The cave as text, one line a row, in the characters of cave text.
   std::string Picture() const;
 
@@ -129,6 +126,7 @@ class Hra {
   bool PlayingReplay = false;  // lines come from readReplayLine instead of keys
   bool TestPlay = false;       // started from the cave editor
   bool Won = false;            // the hero has entered the exit
+  WinSum Sum;                  // what the cave is worth, set when it is won; the tick runs on behind it
   int Score = 0;               // points of the side panel; not cleared by a new cave
   int CaveWidth = 0;
   int CaveHeight = 0;
@@ -234,6 +232,9 @@ class Hra {
   void Take(int x, int y);
   void OpenLocks(int gem);
   void OpenLock(int x, int y, std::uint16_t lock);
+
+  // Teleport
+  void LockHeroAt(int x, int y);
 
   // NewGravitace
   void StartToFall(int x, int y);

@@ -169,6 +169,18 @@ void Hra::OpenLock(int x, int y, std::uint16_t lock) {
   PREKR(x, y);
 }
 
+/// Holds and selects the hero who stands on the teleport's entrance. A hero tile that no record points at travels like
+/// any other object.
+void Hra::LockHeroAt(int x, int y) {
+  int hero = 0;
+  for (int i = 1; i <= HeroCount; ++i) {
+    if (Hero(i).x == x && Hero(i).y == y) hero = i;
+  }
+  if (hero == 0) return;
+  HeroLocked = true;
+  ZmenitPsa(10 * hero);
+}
+
 // A transfer takes four ticks. Both cells are steel meanwhile, and the hero inside is held.
 void Hra::Teleport() {
   const int sx = TeleportSource.x;
@@ -177,14 +189,7 @@ void Hra::Teleport() {
   const int ty = TeleportTarget.y;
   if (TeleportPhase == 0 && Tiles(tx, ty) == Empty && Tiles(sx, sy) != Empty) {
     TeleportPhase = 1;
-    if (Tiles(sx, sy) == HeroTile) {
-      int hero = 0;
-      for (int i = 1; i <= HeroCount; ++i) {
-        if (Hero(i).x == sx && Hero(i).y == sy) hero = i;
-      }
-      HeroLocked = true;
-      ZmenitPsa(10 * hero);
-    }
+    if (Tiles(sx, sy) == HeroTile) LockHeroAt(sx, sy);
     TeleportTile = Tiles(sx, sy);
     TeleportMotion = Motion(sx, sy);
     TeleportAux = Aux(sx, sy);

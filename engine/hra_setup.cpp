@@ -41,6 +41,7 @@ void Hra::PaintCave(std::string_view caveText) {
   TeleportActive = false;
   TeleportPhase = 0;
   Won = false;
+  Sum = {};
   if (!PlayingReplay && !TestPlay) {
     RecordBuffer = Scramble(caveText) + "\r\n";
   } else {
@@ -180,14 +181,10 @@ void Hra::Command1_Click() {
   }
 }
 
-WinSum Hra::Sum() const {
-  WinSum sum{Need, PointsBefore, Collected - Need, PointsAfter, lblCas, 0};
-  for (int i = 1; i <= HeroCount; ++i) sum.aliveHeroes += Hero(i).alive != 0 ? 1 : 0;
-  return sum;
-}
-
 void Hra::WinGame() {
   Won = true;
+  Sum = WinSum{Need, PointsBefore, Collected - Need, PointsAfter, lblCas, 0};
+  for (int i = 1; i <= HeroCount; ++i) Sum.aliveHeroes += Hero(i).alive != 0 ? 1 : 0;
   if (hooks && hooks->won) hooks->won();
 }
 
@@ -208,9 +205,8 @@ std::string Hra::Picture() const {
 
 void Hra::PREKR(int x, int y) {
   if (!hooks || !hooks->paintCell) return;
-  const std::uint16_t tile = Tiles(x, y);
-  if (tile >= kTileCodes) throw Fault("There is no picture for the tile " + std::to_string(tile) + ".");
-  hooks->paintCell(x, y, pctK[tile]);
+  const std::uint16_t tile = Tiles(x, y);  // the cell of a dead hero may be painted while a creature is just leaving it
+  hooks->paintCell(x, y, pctK[tile == Vacated ? std::uint16_t{Empty} : tile]);
 }
 
 void Hra::ClearField(int x, int y) {
