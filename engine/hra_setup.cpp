@@ -171,7 +171,7 @@ void Hra::Command1_Click() {
   ZornéPole();
   if (hooks && hooks->startTimer) hooks->startTimer();
   IdleTicks = 0;
-  const std::string count = std::to_string(HeroCount);
+  const std::string count = " " + std::to_string(HeroCount);  // the blank of the place-holder stays
   if (!MultiHero) {
     ShowMessage(LangStr[89], colour::kWhite);
   } else if (HeroCount < 5) {
