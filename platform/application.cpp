@@ -1,0 +1,174 @@
+#include "platform/application.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QScreen>
+#include <QThread>
+#include <QTranslator>
+#include <QWindow>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+
+#include "base/fault.h"
+#include "platform/form.h"
+#include "platform/key_state.h"
+#include "platform/look.h"
+#include "platform/message_box.h"
+#include "platform/native.h"
+
+namespace platform {
+
+namespace {
+
+struct Settings {
+  Theme theme;
+  Charset charset = Charset::kCentralEuropean;
+};
+
+Settings& State() {
+  static Settings settings;
+  return settings;
+}
+
+/// Tells the user what went wrong and ends the program.
+[[noreturn]] void EndWith(const std::string& message) {
+  static bool reporting = false;
+  if (!reporting) {
+    reporting = true;
+    const Charset charset = Application::default_charset();
+    ShowMessageBox({ToBytes(QString::fromStdString(message), charset),
+                    ToBytes(QCoreApplication::applicationName(), charset), BoxButtons::kOk, BoxIcon::kCritical});
+  }
+  Application::Quit(1);
+}
+
+/// Runs something and catches what escapes it: the one place where a fault of the program ends.
+template <typename Call>
+auto Guarded(Call call) {
+  try {
+    return call();
+  } catch (const Fault& fault) {
+    EndWith(fault.message());
+  } catch (const std::exception& error) {
+    EndWith(error.what());
+  }
+}
+
+class GuardedApplication : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    return Guarded([&] { return QApplication::notify(receiver, event); });
+  }
+};
+
+/// Sees every key of the program before anybody else does.
+class KeyTap : public QObject {
+ public:
+  bool eventFilter(QObject* receiver, QEvent* event) override {
+    if (event->type() == QEvent::ApplicationStateChange) {
+      if (static_cast<QApplicationStateChangeEvent*>(event)->applicationState() != Qt::ApplicationActive) {
+        ReleaseAllKeys();
+      }
+      return false;
+    }
+    // A key comes to its window first and from there to the widget with the focus: here it counts once, at the window.
+    if ((event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) || !receiver->isWindowType()) {
+      return false;
+    }
+    const auto& key = static_cast<QKeyEvent&>(*event);
+    FeedKey(key);
+    if (QApplication::activePopupWidget()) return false;
+    Form* form = Native::FormOf(receiver);
+    return form &&
+           Native::HandleKey(*form, VirtualKey(key), ShiftMask(key.modifiers()), event->type() == QEvent::KeyPress);
+  }
+};
+
+/// The texts of Qt's own buttons in the language of the desktop, where they are installed.
+void Translate(QTranslator& translator) {
+  if (translator.load(QLocale::system(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(&translator);
+  }
+}
+
+/// A tile has to be a whole number of device pixels: ratios that the desktop gives in fractions become whole ones.
+void WantWholeRatios() {
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
+}
+
+}  // namespace
+
+struct Application::Desktop {
+  Desktop(int& argc, char** argv) : application((WantWholeRatios(), argc), argv) {}
+
+  GuardedApplication application;
+  KeyTap keys;
+  QTranslator translator;
+};
+
+Application::Application(int& argc, char** argv, const std::string& name, const Theme& theme)
+    : desktop_(new Desktop(argc, argv)) {
+  State().theme = theme;
+  QCoreApplication::setApplicationName(QString::fromStdString(name));
+  // Forms are hidden and shown in turn; Form decides when nothing is left.
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  Translate(desktop_->translator);
+  QApplication::setStyle(new Look);
+  QApplication::setPalette(PaletteOf(theme));
+  QApplication::setFont(ToQt(Font{}));
+  qApp->installEventFilter(&desktop_->keys);
+}
+
+Application::~Application() {
+  delete desktop_;
+}
+
+int Application::Run(const std::function<void()>& start) {
+  QMetaObject::invokeMethod(
+      qApp, [start] { start(); }, Qt::QueuedConnection);
+  return QCoreApplication::exec();
+}
+
+void Application::Quit(int code) {
+  std::fflush(nullptr);
+  std::quick_exit(code);
+}
+
+void Application::ProcessEvents() {
+  QCoreApplication::processEvents();
+}
+
+void Application::PaintAndSleep(int milliseconds) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible()) QCoreApplication::sendPostedEvents(window, QEvent::UpdateRequest);
+  }
+  QThread::msleep(static_cast<unsigned long>(milliseconds));
+}
+
+int Application::ScreenWidth() {
+  return QApplication::primaryScreen()->geometry().width();
+}
+int Application::ScreenHeight() {
+  return QApplication::primaryScreen()->geometry().height();
+}
+
+// The highest of all screens; a window on a coarser one shows its pictures scaled down.
+int Application::PixelRatio() {
+  return static_cast<int>(std::ceil(qApp->devicePixelRatio()));
+}
+
+Charset Application::default_charset() {
+  return State().charset;
+}
+void Application::set_default_charset(Charset charset) {
+  State().charset = charset;
+}
+const Theme& Application::theme() {
+  return State().theme;
+}
+
+}  // namespace platform

@@ -1,0 +1,25 @@
+#pragma once
+
+// For the sources of this folder alone: what feeds the key state.
+
+#include <QKeyEvent>
+
+namespace platform {
+
+/// The virtual-key code of a key event, 0 for a key that has none.
+int VirtualKey(const QKeyEvent& event);
+
+/// Takes a press or release into the key state; auto-repeat changes nothing.
+void FeedKey(const QKeyEvent& event);
+
+/// Lets go of all keys and forgets all presses.
+void ReleaseAllKeys();
+
+/// A Qt key, with its modifiers, that gives a virtual-key code.
+struct QtKey {
+  int key = 0;
+  Qt::KeyboardModifiers modifiers;
+};
+QtKey QtKeyOf(int code);
+
+}  // namespace platform

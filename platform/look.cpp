@@ -1,0 +1,288 @@
+#include "platform/look.h"
+
+#include <QGuiApplication>
+#include <QPainterPath>
+#include <QStyleFactory>
+#include <QStyleOption>
+
+#include "platform/application.h"
+#include "platform/native.h"
+
+namespace platform {
+
+namespace {
+
+constexpr int kCorner = 7;
+constexpr int kIndicator = 18;
+constexpr int kBarWidth = 16;
+
+QPainterPath Rounded(const QRectF& area, qreal corner) {
+  QPainterPath path;
+  path.addRoundedRect(area, corner, corner);
+  return path;
+}
+
+QColor Veil(const QColor& colour, int alpha) {
+  return {colour.red(), colour.green(), colour.blue(), alpha};
+}
+
+/// A raised body: light on its upper edge, shade below, a dark line around it.
+void DrawRaised(QPainter& painter, const QRectF& area, qreal corner, const QColor& colour, const QColor& outline,
+                bool pressed) {
+  QLinearGradient body(area.topLeft(), area.bottomLeft());
+  body.setColorAt(0, pressed ? colour.darker(125) : colour.lighter(122));
+  body.setColorAt(1, pressed ? colour.darker(105) : colour.darker(120));
+  painter.setPen(QPen(outline, 1.5));
+  painter.setBrush(body);
+  painter.drawPath(Rounded(area, corner));
+  if (pressed) return;
+  painter.save();
+  painter.setClipRect(QRectF(area.left(), area.top(), area.width(), area.height() / 2));
+  painter.setPen(QPen(Veil(ToQt(Application::theme().text), 70), 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPath(Rounded(area.adjusted(1.5, 1.5, -1.5, -1.5), corner - 1.5));
+  painter.restore();
+}
+
+/// A sunk ground for a value: dark, with a little light on its lower edge.
+void DrawSunk(QPainter& painter, const QRectF& area, qreal corner, const QColor& colour) {
+  const Theme& theme = Application::theme();
+  painter.setPen(QPen(Veil(ToQt(theme.text), 45), 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPath(Rounded(area.translated(0, 1), corner));
+  painter.setPen(QPen(ToQt(theme.outline), 1.5));
+  painter.setBrush(colour);
+  painter.drawPath(Rounded(area, corner));
+}
+
+void DrawButton(QPainter& painter, const QStyleOption& option) {
+  const Theme& theme = Application::theme();
+  const bool enabled = option.state & QStyle::State_Enabled;
+  const bool pressed = option.state & (QStyle::State_Sunken | QStyle::State_On);
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+  const bool is_default = button && (button->features & QStyleOptionButton::DefaultButton);
+  const bool focused = option.state & QStyle::State_HasFocus;
+  QColor colour = option.palette.color(QPalette::Button);
+  if (!enabled) colour = colour.darker(140);
+  if (enabled && !pressed && (option.state & QStyle::State_MouseOver)) colour = colour.lighter(115);
+  const QRectF area = QRectF(option.rect).adjusted(1.5, 1.5, -1.5, -1.5);
+  DrawRaised(painter, area, kCorner, colour, ToQt(theme.outline), pressed);
+  if (enabled && (focused || is_default)) {
+    painter.setPen(QPen(Veil(ToQt(theme.accent), focused ? 255 : 140), 1.5));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(Rounded(area.adjusted(2.5, 2.5, -2.5, -2.5), kCorner - 2.5));
+  }
+}
+
+void DrawCheckMark(QPainter& painter, const QStyleOption& option) {
+  const Theme& theme = Application::theme();
+  const bool enabled = option.state & QStyle::State_Enabled;
+  const QRectF area = QRectF(option.rect).adjusted(1, 1, -1, -2);
+  DrawSunk(painter, area, 4, ToQt(theme.field));
+  if (enabled && (option.state & (QStyle::State_MouseOver | QStyle::State_HasFocus))) {
+    painter.setPen(QPen(ToQt(theme.accent), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(Rounded(area.adjusted(1, 1, -1, -1), 3));
+  }
+  if (!(option.state & QStyle::State_On)) return;
+  QPen pen(ToQt(enabled ? theme.accent : theme.muted_text), area.width() / 6, Qt::SolidLine, Qt::RoundCap,
+           Qt::RoundJoin);
+  painter.setPen(pen);
+  const auto at = [&area](qreal x, qreal y) { return area.topLeft() + QPointF(area.width() * x, area.height() * y); };
+  painter.drawPolyline(QPolygonF({at(0.24, 0.52), at(0.43, 0.72), at(0.78, 0.28)}));
+}
+
+void DrawArrow(QPainter& painter, const QRectF& area, Qt::ArrowType direction, bool enabled) {
+  const Theme& theme = Application::theme();
+  painter.save();
+  painter.translate(area.center());
+  painter.rotate(direction == Qt::UpArrow      ? 0
+                 : direction == Qt::RightArrow ? 90
+                 : direction == Qt::DownArrow  ? 180
+                                               : 270);
+  painter.setPen(QPen(ToQt(enabled ? theme.text : theme.muted_text), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPolyline(QPolygonF({QPointF(-3, 1.5), QPointF(0, -1.5), QPointF(3, 1.5)}));
+  painter.restore();
+}
+
+void DrawScrollBar(const QStyle& style, QPainter& painter, const QStyleOptionSlider& option, const QWidget* widget) {
+  const Theme& theme = Application::theme();
+  const bool enabled = (option.state & QStyle::State_Enabled) && option.minimum < option.maximum;
+  const bool across = option.orientation == Qt::Horizontal;
+  const auto part = [&](QStyle::SubControl control) {
+    return QRectF(style.subControlRect(QStyle::CC_ScrollBar, &option, control, widget));
+  };
+  const auto pressed = [&](QStyle::SubControl control) {
+    return (option.state & QStyle::State_Sunken) && (option.activeSubControls & control);
+  };
+  DrawSunk(painter, QRectF(option.rect).adjusted(1, 1, -1, -2), 5, ToQt(theme.field));
+  const QColor colour =
+      enabled ? option.palette.color(QPalette::Button) : option.palette.color(QPalette::Button).darker(150);
+  const auto piece = [&](QStyle::SubControl control) {
+    DrawRaised(painter, part(control).adjusted(1.5, 1.5, -1.5, -1.5), 4, colour, ToQt(theme.outline), pressed(control));
+  };
+  piece(QStyle::SC_ScrollBarSubLine);
+  piece(QStyle::SC_ScrollBarAddLine);
+  DrawArrow(painter, part(QStyle::SC_ScrollBarSubLine), across ? Qt::LeftArrow : Qt::UpArrow, enabled);
+  DrawArrow(painter, part(QStyle::SC_ScrollBarAddLine), across ? Qt::RightArrow : Qt::DownArrow, enabled);
+  if (!enabled) return;
+  piece(QStyle::SC_ScrollBarSlider);
+  if (option.state & QStyle::State_HasFocus) {
+    painter.setPen(QPen(ToQt(theme.accent), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(Rounded(part(QStyle::SC_ScrollBarSlider).adjusted(3, 3, -3, -3), 3));
+  }
+}
+
+/// The sign of a message box: a lit disc or triangle with a mark in it.
+QPixmap Sign(QStyle::StandardPixmap kind, int size, qreal ratio) {
+  const Theme& theme = Application::theme();
+  QPixmap pixmap(qRound(size * ratio), qRound(size * ratio));
+  pixmap.setDevicePixelRatio(ratio);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const bool warning = kind == QStyle::SP_MessageBoxWarning;
+  const QColor colour = kind == QStyle::SP_MessageBoxCritical ? QColor(0xC9452F) : ToQt(theme.accent);
+  const QRectF area = QRectF(0, 0, size, size).adjusted(2, 2, -2, -2);
+  QLinearGradient body(area.topLeft(), area.bottomLeft());
+  body.setColorAt(0, colour.lighter(115));
+  body.setColorAt(1, colour.darker(120));
+  painter.setPen(QPen(ToQt(theme.outline), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(body);
+  if (warning) {
+    painter.drawPolygon(QPolygonF({QPointF(area.center().x(), area.top()), area.bottomRight(), area.bottomLeft()}));
+  } else {
+    painter.drawEllipse(area);
+  }
+  QFont font = ToQt(Font{.size = size * 6 / 10, .bold = true});
+  painter.setFont(font);
+  painter.setPen(kind == QStyle::SP_MessageBoxCritical ? ToQt(theme.text) : ToQt(theme.accent_text));
+  const QString mark = kind == QStyle::SP_MessageBoxQuestion      ? "?"
+                       : kind == QStyle::SP_MessageBoxInformation ? "i"
+                                                                  : "!";
+  painter.drawText(area.translated(0, warning ? size * 0.1 : 0), Qt::AlignCenter, mark);
+  return pixmap;
+}
+
+bool IsSign(QStyle::StandardPixmap pixmap) {
+  return pixmap == QStyle::SP_MessageBoxInformation || pixmap == QStyle::SP_MessageBoxWarning ||
+         pixmap == QStyle::SP_MessageBoxCritical || pixmap == QStyle::SP_MessageBoxQuestion;
+}
+
+/// Saves the painter's state and smooths edges for as long as it exists.
+struct Smooth {
+  explicit Smooth(QPainter* p) : painter(p) {
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+  }
+  ~Smooth() { painter->restore(); }
+  Smooth(const Smooth&) = delete;
+  Smooth& operator=(const Smooth&) = delete;
+  QPainter* painter;
+};
+
+}  // namespace
+
+QPalette PaletteOf(const Theme& theme) {
+  QPalette palette;
+  const auto set = [&palette](QPalette::ColorRole role, Colour colour) { palette.setColor(role, ToQt(colour)); };
+  set(QPalette::Window, theme.background);
+  set(QPalette::Base, theme.field);
+  set(QPalette::AlternateBase, theme.panel);
+  set(QPalette::ToolTipBase, theme.panel);
+  set(QPalette::Button, theme.button);
+  set(QPalette::Highlight, theme.accent);
+  set(QPalette::HighlightedText, theme.accent_text);
+  set(QPalette::Link, theme.link);
+  set(QPalette::LinkVisited, theme.link);
+  set(QPalette::PlaceholderText, theme.muted_text);
+  palette.setColor(QPalette::Light, ToQt(theme.button).lighter(130));
+  palette.setColor(QPalette::Midlight, ToQt(theme.button));
+  palette.setColor(QPalette::Mid, ToQt(theme.panel));
+  palette.setColor(QPalette::Dark, ToQt(theme.outline).lighter(140));
+  palette.setColor(QPalette::Shadow, ToQt(theme.outline));
+  for (const QPalette::ColorRole role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText, QPalette::BrightText}) {
+    set(role, theme.text);
+    palette.setColor(QPalette::Disabled, role, ToQt(theme.muted_text));
+  }
+  return palette;
+}
+
+Look::Look() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+
+void Look::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                         const QWidget* widget) const {
+  const Smooth smooth(painter);
+  const Theme& theme = Application::theme();
+  switch (element) {
+    case PE_PanelButtonCommand:
+      DrawButton(*painter, *option);
+      break;
+    case PE_IndicatorCheckBox:
+      DrawCheckMark(*painter, *option);
+      break;
+    case PE_FrameFocusRect:  // buttons and check boxes show the focus themselves
+      break;
+    case PE_FrameDefaultButton:
+      break;
+    case PE_PanelTipLabel:
+      painter->setPen(QPen(ToQt(theme.accent), 1));
+      painter->setBrush(ToQt(theme.panel));
+      painter->drawRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5));
+      break;
+    default:
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+}
+
+void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                              const QWidget* widget) const {
+  const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control == CC_ScrollBar && slider) {
+    const Smooth smooth(painter);
+    DrawScrollBar(*this, *painter, *slider, widget);
+  } else {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+  }
+}
+
+int Look::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+      return kIndicator;
+    case PM_CheckBoxLabelSpacing:
+      return 8;
+    case PM_ScrollBarExtent:
+      return kBarWidth;
+    case PM_ScrollBarSliderMin:
+      return 24;
+    case PM_ButtonShiftHorizontal:
+      return 0;
+    case PM_ButtonShiftVertical:
+      return 1;
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+}
+
+int Look::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {
+  // Controls are laid out by hand and get their words from a language file: no keys are underlined.
+  if (hint == SH_UnderlineShortcut || hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+QPixmap Look::standardPixmap(StandardPixmap pixmap, const QStyleOption* option, const QWidget* widget) const {
+  if (!IsSign(pixmap)) return QProxyStyle::standardPixmap(pixmap, option, widget);
+  return Sign(pixmap, 40, qApp->devicePixelRatio());
+}
+
+QIcon Look::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+  return IsSign(icon) ? QIcon(Look::standardPixmap(icon, option, widget))
+                      : QProxyStyle::standardIcon(icon, option, widget);
+}
+
+}  // namespace platform

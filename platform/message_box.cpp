@@ -1,0 +1,77 @@
+#include "platform/message_box.h"
+
+#include <QMessageBox>
+#include <utility>
+
+#include "platform/application.h"
+#include "platform/native.h"
+#include "platform/timer.h"
+
+namespace platform {
+
+namespace {
+
+BoxResponder responder;
+
+QMessageBox::StandardButtons ToQt(BoxButtons buttons) {
+  switch (buttons) {
+    case BoxButtons::kYesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case BoxButtons::kYesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case BoxButtons::kOk:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::Icon ToQt(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::kInformation:
+      return QMessageBox::Information;
+    case BoxIcon::kExclamation:
+      return QMessageBox::Warning;
+    case BoxIcon::kQuestion:
+      return QMessageBox::Question;
+    case BoxIcon::kCritical:
+      return QMessageBox::Critical;
+    case BoxIcon::kNone:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+BoxAnswer FromQt(int button) {
+  switch (button) {
+    case QMessageBox::Yes:
+      return BoxAnswer::kYes;
+    case QMessageBox::No:
+      return BoxAnswer::kNo;
+    case QMessageBox::Cancel:
+      return BoxAnswer::kCancel;
+    default:
+      return BoxAnswer::kOk;
+  }
+}
+
+}  // namespace
+
+BoxAnswer ShowMessageBox(const MessageBox& box) {
+  const TimerPause pause;
+  if (responder) return responder(box);
+  const Charset charset = Application::default_charset();
+  QMessageBox window(FrontWindow());
+  window.setTextFormat(Qt::PlainText);
+  window.setWindowTitle(ToGlyphs(box.title, charset));
+  window.setText(ToGlyphs(box.text, charset));
+  window.setIcon(ToQt(box.icon));
+  window.setStandardButtons(ToQt(box.buttons));
+  window.setWindowModality(Qt::ApplicationModal);
+  return FromQt(window.exec());
+}
+
+void SetBoxResponder(BoxResponder new_responder) {
+  responder = std::move(new_responder);
+}
+
+}  // namespace platform

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace platform {
+
+enum class BoxButtons { kOk, kYesNo, kYesNoCancel };
+enum class BoxIcon { kNone, kInformation, kExclamation, kQuestion, kCritical };
+enum class BoxAnswer { kOk, kYes, kNo, kCancel };
+
+/// What a box shows. Text and title are in the application's default charset.
+struct MessageBox {
+  std::string text;
+  std::string title;
+  BoxButtons buttons = BoxButtons::kOk;
+  BoxIcon icon = BoxIcon::kNone;
+};
+
+/// Shows a modal box and returns the button pressed. Escape and the close button answer the last button: kOk, kNo or
+/// kCancel. All timers stand still until the box is closed.
+BoxAnswer ShowMessageBox(const MessageBox& box);
+
+/// For tests: answers boxes in place of the user. An empty function brings the real boxes back.
+using BoxResponder = std::function<BoxAnswer(const MessageBox&)>;
+void SetBoxResponder(BoxResponder responder);
+
+}  // namespace platform

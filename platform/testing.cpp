@@ -1,0 +1,132 @@
+#include "platform/testing.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+#include <utility>
+
+#include "platform/key_state.h"
+#include "platform/native.h"
+
+namespace platform::user {
+
+namespace {
+
+Qt::KeyboardModifiers Modifiers(int shift) {
+  Qt::KeyboardModifiers modifiers;
+  modifiers.setFlag(Qt::ShiftModifier, shift & kShift);
+  modifiers.setFlag(Qt::ControlModifier, shift & kCtrl);
+  modifiers.setFlag(Qt::AltModifier, shift & kAlt);
+  return modifiers;
+}
+
+Qt::MouseButtons Buttons(int mask) {
+  Qt::MouseButtons buttons;
+  buttons.setFlag(Qt::LeftButton, mask & kLeftButton);
+  buttons.setFlag(Qt::RightButton, mask & kRightButton);
+  buttons.setFlag(Qt::MiddleButton, mask & kMiddleButton);
+  return buttons;
+}
+
+Qt::MouseButton OneButton(int mask) {
+  return mask == kLeftButton ? Qt::LeftButton : mask == kRightButton ? Qt::RightButton : Qt::MiddleButton;
+}
+
+void SendKey(QEvent::Type type, int code, int shift, bool auto_repeat) {
+  QWindow* window = QGuiApplication::focusWindow();
+  if (!window) return;
+  const QtKey key = QtKeyOf(code);
+  const QString text = key.key == Qt::Key_Space ? " " : QString();
+  qt_handleKeyEvent(window, type, key.key, key.modifiers | Modifiers(shift), text, auto_repeat);
+  QCoreApplication::processEvents();
+}
+
+void SendMouse(const Control& control, QEvent::Type type, int x, int y, Qt::MouseButton button, Qt::MouseButtons held,
+               int shift = 0) {
+  QWidget* widget = Native::Widget(control);
+  QWidget* window = widget->window();
+  const QPoint place = widget->mapTo(window, QPoint(x, y));
+  // Far enough apart that two clicks become a double click only when they are meant to.
+  static int time = 0;
+  time += type == QEvent::MouseButtonPress ? 1000 : 1;
+  qt_handleMouseEvent(window->windowHandle(), place, window->mapToGlobal(place), held, button,
+                      type == QEvent::MouseButtonDblClick ? QEvent::MouseButtonPress : type, Modifiers(shift), time);
+  QCoreApplication::processEvents();
+}
+
+}  // namespace
+
+void UseOffscreen() {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+void PressKey(int code, int shift, bool auto_repeat) {
+  SendKey(QEvent::KeyPress, code, shift, auto_repeat);
+}
+void ReleaseKey(int code, int shift, bool auto_repeat) {
+  SendKey(QEvent::KeyRelease, code, shift, auto_repeat);
+}
+void TapKey(int code, int shift) {
+  PressKey(code, shift);
+  ReleaseKey(code, shift);
+}
+
+void PressMouse(const Control& control, int x, int y, int button, int shift) {
+  SendMouse(control, QEvent::MouseButtonPress, x, y, OneButton(button), Buttons(button), shift);
+}
+void ReleaseMouse(const Control& control, int x, int y, int button, int shift) {
+  SendMouse(control, QEvent::MouseButtonRelease, x, y, OneButton(button), Qt::NoButton, shift);
+}
+void MoveMouse(const Control& control, int x, int y, int held) {
+  SendMouse(control, QEvent::MouseMove, x, y, Qt::NoButton, Buttons(held));
+}
+void Click(const Control& control, int x, int y, int button) {
+  PressMouse(control, x, y, button);
+  ReleaseMouse(control, x, y, button);
+}
+void DoubleClick(const Control& control, int x, int y) {
+  Click(control, x, y);
+  SendMouse(control, QEvent::MouseButtonDblClick, x, y, Qt::LeftButton, Qt::LeftButton);
+  ReleaseMouse(control, x, y);
+}
+void Click(const Control& control) {
+  Click(control, control.width() / 2, control.height() / 2);
+}
+
+void SetProgramActive(bool active) {
+  QApplicationStateChangeEvent event(active ? Qt::ApplicationActive : Qt::ApplicationInactive);
+  QCoreApplication::sendEvent(qApp, &event);
+}
+
+void Wait(int milliseconds) {
+  QTest::qWait(milliseconds);
+}
+
+bool WaitUntil(const std::function<bool()>& condition) {
+  return QTest::qWaitFor(condition, 10000);
+}
+
+void Later(int milliseconds, std::function<void()> action) {
+  QTimer::singleShot(milliseconds, qApp, std::move(action));
+}
+
+Picture Grab(const Control& control) {
+  QWidget* widget = Native::Widget(control);
+  const QImage image = widget->grab().toImage();
+  return Native::MakePicture(image, widget->width(), widget->height(), qRound(image.devicePixelRatio()));
+}
+
+Picture GrabFront() {
+  QWidget* front = QApplication::activeModalWidget();
+  if (!front) return {};
+  const QImage image = front->grab().toImage();
+  return Native::MakePicture(image, front->width(), front->height(), qRound(image.devicePixelRatio()));
+}
+
+long long PaintedPixels() {
+  return std::exchange(Canvas::painted_pixels, 0);
+}
+
+}  // namespace platform::user

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/control.h"
+#include "platform/form.h"
+#include "platform/picture.h"
+
+/// Drives forms as a user does, for tests and tools: events go through Qt's own queue from the window on. Works on the
+/// offscreen platform.
+namespace platform::user {
+
+/// Makes the offscreen platform the default one. Call before the Application is made; an environment that names a
+/// platform is left as it is.
+void UseOffscreen();
+
+/// Keys of the window that has the input, by virtual-key code; shift is the state to report.
+void PressKey(int code, int shift = 0, bool auto_repeat = false);
+void ReleaseKey(int code, int shift = 0, bool auto_repeat = false);
+void TapKey(int code, int shift = 0);
+
+/// The mouse over a control. held: mask of the buttons held while it moves.
+void PressMouse(const Control& control, int x, int y, int button = kLeftButton, int shift = 0);
+void ReleaseMouse(const Control& control, int x, int y, int button = kLeftButton, int shift = 0);
+void MoveMouse(const Control& control, int x, int y, int held = 0);
+void Click(const Control& control, int x, int y, int button = kLeftButton);
+void DoubleClick(const Control& control, int x, int y);
+void Click(const Control& control);  // in its middle
+
+/// The desktop gives the input to another program, or gives it back.
+void SetProgramActive(bool active);
+
+/// Handles events for so many milliseconds.
+void Wait(int milliseconds);
+/// Handles events until the condition holds; false after ten seconds without.
+bool WaitUntil(const std::function<bool()>& condition);
+/// Runs something from the event loop later, whether timers stand still or not: while a box or a modal form is open.
+void Later(int milliseconds, std::function<void()> action);
+
+/// What a control looks like now, with all controls inside.
+Picture Grab(const Control& control);
+/// The box or dialog in front, as a picture; empty when there is none.
+Picture GrabFront();
+
+/// Device pixels painted on forms and painted controls since the last call.
+long long PaintedPixels();
+
+}  // namespace platform::user
