@@ -26,7 +26,8 @@ void Hra::MoveFalling(int x, int y, int toX, int toY) {
 void Hra::StartToFall(int x, int y) {
   const bool falls = Tiles.Row(y + 1)[x] == Empty;
   const bool left = FreeToRoll(x, y, -1);
-  const bool rolls = (Motion.Row(y + 1)[x] != 0) & (left | FreeToRoll(x, y, 1));
+  const bool right = FreeToRoll(x, y, 1);
+  const bool rolls = (Motion.Row(y + 1)[x] != 0) & (left | right);
   if (!(falls | rolls)) return;
   if (falls) {
     MoveFalling(x, y, x, y + 1);

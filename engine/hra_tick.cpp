@@ -155,8 +155,10 @@ void Hra::AddCandidate(int x, int y) {
 
 /// Whether one of the four neighbours of a cell of the cave holds the tile.
 bool Hra::Beside(int x, int y, std::uint16_t tile) const {
-  const std::uint16_t* row = Tiles.Row(y) + x;
-  return ((row[-1] == tile) | (row[1] == tile) | (Tiles.Row(y - 1)[x] == tile) | (Tiles.Row(y + 1)[x] == tile)) != 0;
+  const std::uint16_t* above = Tiles.Row(y - 1);
+  const std::uint16_t* row = Tiles.Row(y);
+  const std::uint16_t* below = Tiles.Row(y + 1);
+  return (row[x - 1] == tile) | (row[x + 1] == tile) | (above[x] == tile) | (below[x] == tile);
 }
 
 // Motion of the new cell is not written: an empty cell that kept Motion 2 hands it to the wall. That is meant.
