@@ -123,9 +123,7 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
   qApp->installEventFilter(&desktop_->keys);
 }
 
-Application::~Application() {
-  delete desktop_;
-}
+Application::~Application() { delete desktop_; }
 
 int Application::Run(const std::function<void()>& start) {
   QMetaObject::invokeMethod(
@@ -138,9 +136,7 @@ void Application::Quit(int code) {
   std::quick_exit(code);
 }
 
-void Application::ProcessEvents() {
-  QCoreApplication::processEvents();
-}
+void Application::ProcessEvents() { QCoreApplication::processEvents(); }
 
 void Application::PaintAndSleep(int milliseconds) {
   for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -149,26 +145,14 @@ void Application::PaintAndSleep(int milliseconds) {
   QThread::msleep(static_cast<unsigned long>(milliseconds));
 }
 
-int Application::ScreenWidth() {
-  return QApplication::primaryScreen()->geometry().width();
-}
-int Application::ScreenHeight() {
-  return QApplication::primaryScreen()->geometry().height();
-}
+int Application::ScreenWidth() { return QApplication::primaryScreen()->geometry().width(); }
+int Application::ScreenHeight() { return QApplication::primaryScreen()->geometry().height(); }
 
 // The highest of all screens; a window on a coarser one shows its pictures scaled down.
-int Application::PixelRatio() {
-  return static_cast<int>(std::ceil(qApp->devicePixelRatio()));
-}
+int Application::PixelRatio() { return static_cast<int>(std::ceil(qApp->devicePixelRatio())); }
 
-Charset Application::default_charset() {
-  return State().charset;
-}
-void Application::set_default_charset(Charset charset) {
-  State().charset = charset;
-}
-const Theme& Application::theme() {
-  return State().theme;
-}
+Charset Application::default_charset() { return State().charset; }
+void Application::set_default_charset(Charset charset) { State().charset = charset; }
+const Theme& Application::theme() { return State().theme; }
 
 }  // namespace platform

@@ -88,47 +88,27 @@ Control::~Control() {
   if (QApplication::instance()) delete widget_;
 }
 
-int Control::left() const {
-  return widget_->x();
-}
-int Control::top() const {
-  return widget_->y();
-}
-int Control::width() const {
-  return widget_->width();
-}
-int Control::height() const {
-  return widget_->height();
-}
+int Control::left() const { return widget_->x(); }
+int Control::top() const { return widget_->y(); }
+int Control::width() const { return widget_->width(); }
+int Control::height() const { return widget_->height(); }
 
-void Control::MoveTo(int left, int top) {
-  widget_->move(left, top);
-}
+void Control::MoveTo(int left, int top) { widget_->move(left, top); }
 
-void Control::Resize(int width, int height) {
-  widget_->resize(width, height);
-}
+void Control::Resize(int width, int height) { widget_->resize(width, height); }
 
 void Control::SetBounds(int left, int top, int width, int height) {
   MoveTo(left, top);
   Resize(width, height);
 }
 
-bool Control::visible() const {
-  return !widget_->isHidden();
-}
+bool Control::visible() const { return !widget_->isHidden(); }
 
-void Control::set_visible(bool visible) {
-  widget_->setVisible(visible);
-}
+void Control::set_visible(bool visible) { widget_->setVisible(visible); }
 
-bool Control::enabled() const {
-  return widget_->isEnabledTo(widget_->parentWidget());
-}
+bool Control::enabled() const { return widget_->isEnabledTo(widget_->parentWidget()); }
 
-void Control::set_enabled(bool enabled) {
-  widget_->setEnabled(enabled);
-}
+void Control::set_enabled(bool enabled) { widget_->setEnabled(enabled); }
 
 void Control::set_fore_colour(std::optional<Colour> colour) {
   if (colour == fore_colour_) return;
@@ -170,25 +150,13 @@ void Control::set_pointer(Pointer pointer) {
   widget_->setCursor(pointer == Pointer::kHand ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 
-void Control::BringToFront() {
-  widget_->raise();
-}
-void Control::SendToBack() {
-  widget_->lower();
-}
-void Control::Refresh() {
-  widget_->repaint();
-}
-void Control::SetFocus() {
-  widget_->setFocus();
-}
-bool Control::has_focus() const {
-  return widget_->hasFocus();
-}
+void Control::BringToFront() { widget_->raise(); }
+void Control::SendToBack() { widget_->lower(); }
+void Control::Refresh() { widget_->repaint(); }
+void Control::SetFocus() { widget_->setFocus(); }
+bool Control::has_focus() const { return widget_->hasFocus(); }
 
-void Control::AppearanceChanged() {
-  widget_->update();
-}
+void Control::AppearanceChanged() { widget_->update(); }
 
 void ForEachControl(const Container& container, const std::function<void(Control&)>& visit) {
   const std::vector<Control*> controls = container.controls();

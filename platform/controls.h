@@ -31,7 +31,7 @@ class Captioned : public Control {
 /// A text. Without a back colour it is transparent.
 class Label : public Captioned {
  public:
-  explicit Label(Container& parent, const std::string& caption = {});
+  explicit Label(Container* parent, const std::string& caption = {});
 
   void set_alignment(Alignment alignment);
   /// The text stands in the middle of the height instead of at the top.
@@ -58,7 +58,7 @@ class Label : public Captioned {
 /// A picture. It takes the picture's size, unless it stretches the picture to its own.
 class Image : public Control {
  public:
-  explicit Image(Container& parent, const Picture& picture = {});
+  explicit Image(Container* parent, const Picture& picture = {});
 
   const Picture& picture() const { return picture_; }
   void set_picture(const Picture& picture);
@@ -76,7 +76,7 @@ enum class ShapeKind { kRectangle, kRounded, kOval };
 /// A figure that fills its bounds, with the back colour inside and the fore colour as its line. Clicks go through it.
 class Shape : public Control {
  public:
-  explicit Shape(Container& parent, ShapeKind kind = ShapeKind::kRectangle);
+  explicit Shape(Container* parent, ShapeKind kind = ShapeKind::kRectangle);
 
   /// Width of the line, 0 for none.
   void set_line_width(int pixels);
@@ -94,7 +94,7 @@ class Shape : public Control {
 /// A container without a look of its own, or with the border and ground of a panel.
 class Frame : public Container {
  public:
-  explicit Frame(Container& parent);
+  explicit Frame(Container* parent);
 
   void set_border(bool border);
 
@@ -109,7 +109,7 @@ class Frame : public Container {
 /// smaller container and move it: that paints nothing on the surface.
 class PictureBox : public Container {
  public:
-  explicit PictureBox(Container& parent);
+  explicit PictureBox(Container* parent);
 
   Surface& surface() { return surface_; }
 
@@ -122,7 +122,7 @@ class PictureBox : public Container {
 /// A push button. It reports on_click for the mouse, Space, and Enter.
 class Button : public Captioned {
  public:
-  explicit Button(Container& parent, const std::string& caption = {});
+  explicit Button(Container* parent, const std::string& caption = {});
 
   void set_picture(const Picture& picture);
   /// Does what a click does.
@@ -136,7 +136,7 @@ class Button : public Captioned {
 /// A check box. on_click follows a change by the user.
 class CheckBox : public Captioned {
  public:
-  explicit CheckBox(Container& parent, const std::string& caption = {});
+  explicit CheckBox(Container* parent, const std::string& caption = {});
 
   /// 1 when checked, else 0.
   int value() const;
@@ -152,7 +152,7 @@ enum class Orientation { kHorizontal, kVertical };
 /// A scroll bar. Its value stays within min and max; a max below min counts as min.
 class ScrollBar : public Control {
  public:
-  ScrollBar(Container& parent, Orientation orientation);
+  ScrollBar(Container* parent, Orientation orientation);
 
   int min() const;
   int max() const;

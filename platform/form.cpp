@@ -93,9 +93,7 @@ Form* Native::FormOf(const QObject* window) {
   return nullptr;
 }
 
-bool Native::HandleKey(Form& form, int code, int shift, bool down) {
-  return form.HandleKey(code, shift, down);
-}
+bool Native::HandleKey(Form& form, int code, int shift, bool down) { return form.HandleKey(code, shift, down); }
 
 Form::Form(Border border, int width, int height) : Container(nullptr, new FormWindow(this)), border_(border) {
   auto* window = static_cast<FormWindow*>(widget());
@@ -109,13 +107,9 @@ Form::Form(Border border, int width, int height) : Container(nullptr, new FormWi
   Resize(width, height);
 }
 
-Form::~Form() {
-  std::erase(AllForms(), this);
-}
+Form::~Form() { std::erase(AllForms(), this); }
 
-const std::vector<Form*>& Form::All() {
-  return AllForms();
-}
+const std::vector<Form*>& Form::All() { return AllForms(); }
 
 void Form::set_caption(const std::string& caption) {
   caption_ = caption;
@@ -134,9 +128,7 @@ void Form::Resize(int width, int height) {
   }
 }
 
-void Form::set_min_size(int width, int height) {
-  widget()->setMinimumSize(width, height);
-}
+void Form::set_min_size(int width, int height) { widget()->setMinimumSize(width, height); }
 
 WindowState Form::window_state() const {
   if (widget()->isMinimized()) return WindowState::kMinimised;
@@ -199,9 +191,7 @@ void Form::ShowNow() {
   Refresh();
 }
 
-void Form::Close() {
-  widget()->close();
-}
+void Form::Close() { widget()->close(); }
 
 void Form::set_default_button(Button* button) {
   for (Button* each : {default_button_, button}) {

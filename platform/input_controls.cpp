@@ -29,7 +29,7 @@ void Dress(const Captioned& control, QAbstractButton& button) {
 
 }  // namespace
 
-Button::Button(Container& parent, const std::string& caption) : Captioned(&parent, new QPushButton) {
+Button::Button(Container* parent, const std::string& caption) : Captioned(parent, new QPushButton) {
   auto* button = static_cast<QPushButton*>(widget());
   button->setAutoDefault(true);
   QObject::connect(button, &QPushButton::clicked, [this] {
@@ -47,16 +47,14 @@ void Button::set_picture(const Picture& picture) {
   button->setIconSize(QSize(picture.width(), picture.height()));
 }
 
-void Button::Click() {
-  static_cast<QPushButton*>(widget())->click();
-}
+void Button::Click() { static_cast<QPushButton*>(widget())->click(); }
 
 void Button::AppearanceChanged() {
   Dress(*this, *static_cast<QPushButton*>(widget()));
   Control::AppearanceChanged();
 }
 
-CheckBox::CheckBox(Container& parent, const std::string& caption) : Captioned(&parent, new QCheckBox) {
+CheckBox::CheckBox(Container* parent, const std::string& caption) : Captioned(parent, new QCheckBox) {
   QObject::connect(static_cast<QCheckBox*>(widget()), &QCheckBox::clicked, [this] {
     if (on_click) on_click();
   });
@@ -64,21 +62,17 @@ CheckBox::CheckBox(Container& parent, const std::string& caption) : Captioned(&p
   set_caption(caption);
 }
 
-int CheckBox::value() const {
-  return static_cast<QCheckBox*>(widget())->isChecked() ? 1 : 0;
-}
+int CheckBox::value() const { return static_cast<QCheckBox*>(widget())->isChecked() ? 1 : 0; }
 
-void CheckBox::set_value(int value) {
-  static_cast<QCheckBox*>(widget())->setChecked(value != 0);
-}
+void CheckBox::set_value(int value) { static_cast<QCheckBox*>(widget())->setChecked(value != 0); }
 
 void CheckBox::AppearanceChanged() {
   Dress(*this, *static_cast<QCheckBox*>(widget()));
   Control::AppearanceChanged();
 }
 
-ScrollBar::ScrollBar(Container& parent, Orientation orientation)
-    : Control(&parent, new QScrollBar(orientation == Orientation::kHorizontal ? Qt::Horizontal : Qt::Vertical)) {
+ScrollBar::ScrollBar(Container* parent, Orientation orientation)
+    : Control(parent, new QScrollBar(orientation == Orientation::kHorizontal ? Qt::Horizontal : Qt::Vertical)) {
   auto* bar = static_cast<QScrollBar*>(widget());
   bar->setFocusPolicy(Qt::StrongFocus);
   bar->setRange(0, 100);
@@ -87,29 +81,13 @@ ScrollBar::ScrollBar(Container& parent, Orientation orientation)
   });
 }
 
-int ScrollBar::min() const {
-  return static_cast<QScrollBar*>(widget())->minimum();
-}
-int ScrollBar::max() const {
-  return static_cast<QScrollBar*>(widget())->maximum();
-}
-int ScrollBar::value() const {
-  return static_cast<QScrollBar*>(widget())->value();
-}
-void ScrollBar::set_min(int min) {
-  static_cast<QScrollBar*>(widget())->setMinimum(min);
-}
-void ScrollBar::set_max(int max) {
-  static_cast<QScrollBar*>(widget())->setMaximum(std::max(max, min()));
-}
-void ScrollBar::set_value(int value) {
-  static_cast<QScrollBar*>(widget())->setValue(value);
-}
-void ScrollBar::set_small_change(int step) {
-  static_cast<QScrollBar*>(widget())->setSingleStep(step);
-}
-void ScrollBar::set_large_change(int step) {
-  static_cast<QScrollBar*>(widget())->setPageStep(step);
-}
+int ScrollBar::min() const { return static_cast<QScrollBar*>(widget())->minimum(); }
+int ScrollBar::max() const { return static_cast<QScrollBar*>(widget())->maximum(); }
+int ScrollBar::value() const { return static_cast<QScrollBar*>(widget())->value(); }
+void ScrollBar::set_min(int min) { static_cast<QScrollBar*>(widget())->setMinimum(min); }
+void ScrollBar::set_max(int max) { static_cast<QScrollBar*>(widget())->setMaximum(std::max(max, min())); }
+void ScrollBar::set_value(int value) { static_cast<QScrollBar*>(widget())->setValue(value); }
+void ScrollBar::set_small_change(int step) { static_cast<QScrollBar*>(widget())->setSingleStep(step); }
+void ScrollBar::set_large_change(int step) { static_cast<QScrollBar*>(widget())->setPageStep(step); }
 
 }  // namespace platform

@@ -99,9 +99,7 @@ void FeedKey(const QKeyEvent& event) {
   State().pressed.set(static_cast<std::size_t>(code));
 }
 
-void ReleaseAllKeys() {
-  State() = {};
-}
+void ReleaseAllKeys() { State() = {}; }
 
 bool Held(int code) {
   if (code < 0 || code > 255) return false;

@@ -22,9 +22,7 @@ QPainterPath Rounded(const QRectF& area, qreal corner) {
   return path;
 }
 
-QColor Veil(const QColor& colour, int alpha) {
-  return {colour.red(), colour.green(), colour.blue(), alpha};
-}
+QColor Veil(const QColor& colour, int alpha) { return {colour.red(), colour.green(), colour.blue(), alpha}; }
 
 /// A raised body: light on its upper edge, shade below, a dark line around it.
 void DrawRaised(QPainter& painter, const QRectF& area, qreal corner, const QColor& colour, const QColor& outline,

@@ -70,8 +70,6 @@ BoxAnswer ShowMessageBox(const MessageBox& box) {
   return FromQt(window.exec());
 }
 
-void SetBoxResponder(BoxResponder new_responder) {
-  responder = std::move(new_responder);
-}
+void SetBoxResponder(BoxResponder new_responder) { responder = std::move(new_responder); }
 
 }  // namespace platform

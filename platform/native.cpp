@@ -13,9 +13,7 @@ namespace platform {
 
 namespace {
 
-CodePage PageOf(Charset charset) {
-  return charset == Charset::kCyrillic ? CodePage::k1251 : CodePage::k1250;
-}
+CodePage PageOf(Charset charset) { return charset == Charset::kCyrillic ? CodePage::k1251 : CodePage::k1250; }
 
 QStringList BreakLine(const QString& line, const QFont& font, int width) {
   QTextLayout layout(line, font);
@@ -66,9 +64,7 @@ QString ToGlyphs(const std::string& bytes, Charset charset) {
   return text.remove(u'\r');
 }
 
-std::string ToBytes(const QString& text, Charset charset) {
-  return FromUtf8(text.toStdString(), PageOf(charset));
-}
+std::string ToBytes(const QString& text, Charset charset) { return FromUtf8(text.toStdString(), PageOf(charset)); }
 
 QString ToPlainCaption(const std::string& bytes, Charset charset) {
   return ToGlyphs(bytes, charset).replace("&", "&&");

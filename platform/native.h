@@ -27,12 +27,8 @@ struct Native {
   static bool HandleKey(Form& form, int code, int shift, bool down);
 };
 
-inline QColor ToQt(Colour colour) {
-  return {colour.red, colour.green, colour.blue};
-}
-inline Colour FromQt(QRgb colour) {
-  return Rgb(colour & 0xFFFFFF);
-}
+inline QColor ToQt(Colour colour) { return {colour.red, colour.green, colour.blue}; }
+inline Colour FromQt(QRgb colour) { return Rgb(colour & 0xFFFFFF); }
 
 /// A widget that is painted by a function.
 class Canvas : public QWidget {

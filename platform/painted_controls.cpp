@@ -10,14 +10,10 @@ namespace platform {
 
 namespace {
 
-Canvas& CanvasOf(const Control& control) {
-  return static_cast<Canvas&>(*Native::Widget(control));
-}
+Canvas& CanvasOf(const Control& control) { return static_cast<Canvas&>(*Native::Widget(control)); }
 
 /// A canvas is opaque when it covers its ground: what lies below need not be painted then, and it moves by copying.
-void SetOpaque(const Control& control, bool opaque) {
-  CanvasOf(control).setAttribute(Qt::WA_OpaquePaintEvent, opaque);
-}
+void SetOpaque(const Control& control, bool opaque) { CanvasOf(control).setAttribute(Qt::WA_OpaquePaintEvent, opaque); }
 
 void DrawLines(QPainter& painter, const TextLayout& text, const QSize& area, Alignment alignment, bool middle) {
   const QFontMetrics metrics(painter.font());
@@ -38,11 +34,9 @@ void Captioned::set_caption(const std::string& caption) {
   AppearanceChanged();
 }
 
-int Captioned::text_width() const {
-  return LayOut(ToGlyphs(caption_, charset()), ToQt(font())).width;
-}
+int Captioned::text_width() const { return LayOut(ToGlyphs(caption_, charset()), ToQt(font())).width; }
 
-Label::Label(Container& parent, const std::string& caption) : Captioned(&parent, new Canvas) {
+Label::Label(Container* parent, const std::string& caption) : Captioned(parent, new Canvas) {
   CanvasOf(*this).paint = [this](QPainter& painter) { Paint(painter); };
   Resize(120, LayOut("X", ToQt(font())).line_height);
   set_caption(caption);
@@ -94,7 +88,7 @@ void Label::Paint(QPainter& painter) const {
   DrawLines(painter, text, area, alignment_, middle_);
 }
 
-Image::Image(Container& parent, const Picture& picture) : Control(&parent, new Canvas) {
+Image::Image(Container* parent, const Picture& picture) : Control(parent, new Canvas) {
   CanvasOf(*this).paint = [this](QPainter& painter) { Paint(painter); };
   set_picture(picture);
 }
@@ -122,7 +116,7 @@ void Image::Paint(QPainter& painter) const {
   }
 }
 
-Shape::Shape(Container& parent, ShapeKind kind) : Control(&parent, new Canvas), kind_(kind) {
+Shape::Shape(Container* parent, ShapeKind kind) : Control(parent, new Canvas), kind_(kind) {
   CanvasOf(*this).paint = [this](QPainter& painter) { Paint(painter); };
   widget()->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
@@ -156,7 +150,7 @@ void Shape::Paint(QPainter& painter) const {
   }
 }
 
-Frame::Frame(Container& parent) : Container(&parent, new Canvas) {
+Frame::Frame(Container* parent) : Container(parent, new Canvas) {
   CanvasOf(*this).paint = [this](QPainter& painter) { Paint(painter); };
 }
 
@@ -177,7 +171,7 @@ void Frame::Paint(QPainter& painter) const {
   }
 }
 
-PictureBox::PictureBox(Container& parent) : Container(&parent, new Canvas) {
+PictureBox::PictureBox(Container* parent) : Container(parent, new Canvas) {
   CanvasOf(*this).paint = [this](QPainter& painter) { Paint(painter); };
   SetOpaque(*this, true);
   surface_.on_change = [this](const Rect& area) {

@@ -89,18 +89,10 @@ Picture Picture::Solid(int width, int height, int ratio, Colour colour) {
   return Native::MakePicture(std::move(image), width, height, ratio);
 }
 
-int Picture::width() const {
-  return pixels_ ? pixels_->width : 0;
-}
-int Picture::height() const {
-  return pixels_ ? pixels_->height : 0;
-}
-int Picture::ratio() const {
-  return pixels_ ? pixels_->ratio : 1;
-}
-bool Picture::opaque() const {
-  return pixels_ && pixels_->image.format() == QImage::Format_RGB32;
-}
+int Picture::width() const { return pixels_ ? pixels_->width : 0; }
+int Picture::height() const { return pixels_ ? pixels_->height : 0; }
+int Picture::ratio() const { return pixels_ ? pixels_->ratio : 1; }
+bool Picture::opaque() const { return pixels_ && pixels_->image.format() == QImage::Format_RGB32; }
 
 Picture Picture::Over(const Picture& below) const {
   if (empty()) return below;
@@ -140,9 +132,7 @@ int Picture::CountColours() const {
   return static_cast<int>(colours.size());
 }
 
-bool operator==(const Picture& a, const Picture& b) {
-  return Native::Image(a) == Native::Image(b);
-}
+bool operator==(const Picture& a, const Picture& b) { return Native::Image(a) == Native::Image(b); }
 
 void Picture::SavePng(const std::string& file) const {
   if (!Native::Image(*this).save(QString::fromStdString(file), "PNG")) throw Fault("cannot write the picture", file);
@@ -158,19 +148,11 @@ struct Surface::Pixels {
 Surface::Surface() : pixels_(std::make_unique<Pixels>()) {}
 Surface::~Surface() = default;
 
-const QImage& Native::Image(const Surface& surface) {
-  return surface.pixels_->image;
-}
+const QImage& Native::Image(const Surface& surface) { return surface.pixels_->image; }
 
-int Surface::width() const {
-  return pixels_->width;
-}
-int Surface::height() const {
-  return pixels_->height;
-}
-int Surface::ratio() const {
-  return pixels_->ratio;
-}
+int Surface::width() const { return pixels_->width; }
+int Surface::height() const { return pixels_->height; }
+int Surface::ratio() const { return pixels_->ratio; }
 
 void Surface::Reset(int width, int height, int ratio, Colour colour) {
   const QSize size(width * ratio, height * ratio);
@@ -234,8 +216,6 @@ Colour Surface::At(int x, int y) const {
   return FromQt(pixels_->image.pixel(x * ratio(), y * ratio()));
 }
 
-Picture Surface::Snapshot() const {
-  return Native::MakePicture(pixels_->image.copy(), width(), height(), ratio());
-}
+Picture Surface::Snapshot() const { return Native::MakePicture(pixels_->image.copy(), width(), height(), ratio()); }
 
 }  // namespace platform

@@ -62,12 +62,8 @@ void UseOffscreen() {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-void PressKey(int code, int shift, bool auto_repeat) {
-  SendKey(QEvent::KeyPress, code, shift, auto_repeat);
-}
-void ReleaseKey(int code, int shift, bool auto_repeat) {
-  SendKey(QEvent::KeyRelease, code, shift, auto_repeat);
-}
+void PressKey(int code, int shift, bool auto_repeat) { SendKey(QEvent::KeyPress, code, shift, auto_repeat); }
+void ReleaseKey(int code, int shift, bool auto_repeat) { SendKey(QEvent::KeyRelease, code, shift, auto_repeat); }
 void TapKey(int code, int shift) {
   PressKey(code, shift);
   ReleaseKey(code, shift);
@@ -91,22 +87,16 @@ void DoubleClick(const Control& control, int x, int y) {
   SendMouse(control, QEvent::MouseButtonDblClick, x, y, Qt::LeftButton, Qt::LeftButton);
   ReleaseMouse(control, x, y);
 }
-void Click(const Control& control) {
-  Click(control, control.width() / 2, control.height() / 2);
-}
+void Click(const Control& control) { Click(control, control.width() / 2, control.height() / 2); }
 
 void SetProgramActive(bool active) {
   QApplicationStateChangeEvent event(active ? Qt::ApplicationActive : Qt::ApplicationInactive);
   QCoreApplication::sendEvent(qApp, &event);
 }
 
-void Wait(int milliseconds) {
-  QTest::qWait(milliseconds);
-}
+void Wait(int milliseconds) { QTest::qWait(milliseconds); }
 
-bool WaitUntil(const std::function<bool()>& condition) {
-  return QTest::qWaitFor(condition, 10000);
-}
+bool WaitUntil(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 10000); }
 
 void Later(int milliseconds, std::function<void()> action) {
   QTimer::singleShot(milliseconds, qApp, std::move(action));
@@ -125,8 +115,6 @@ Picture GrabFront() {
   return Native::MakePicture(image, front->width(), front->height(), qRound(image.devicePixelRatio()));
 }
 
-long long PaintedPixels() {
-  return std::exchange(Canvas::painted_pixels, 0);
-}
+long long PaintedPixels() { return std::exchange(Canvas::painted_pixels, 0); }
 
 }  // namespace platform::user

@@ -55,22 +55,16 @@ Timer::Timer(int interval, std::function<void()> handler)
   Clock::all.push_back(clock_.get());
 }
 
-Timer::~Timer() {
-  std::erase(Clock::all, clock_.get());
-}
+Timer::~Timer() { std::erase(Clock::all, clock_.get()); }
 
-int Timer::interval() const {
-  return clock_->interval;
-}
+int Timer::interval() const { return clock_->interval; }
 
 void Timer::set_interval(int milliseconds) {
   clock_->interval = milliseconds;
   clock_->Apply();
 }
 
-bool Timer::enabled() const {
-  return clock_->enabled;
-}
+bool Timer::enabled() const { return clock_->enabled; }
 
 void Timer::Start() {
   // A start of a running timer changes nothing: its next firing stays where it is.

@@ -197,8 +197,8 @@ TEST(KeysTest, LosingTheInputLetsAllGo) {
 
 TEST(KeysTest, KeysGoToTheGameAndLeaveTheFocusAlone) {
   ShownForm form;
-  Button first(form);
-  Button second(form);
+  Button first(&form);
+  Button second(&form);
   int clicks = 0;
   std::vector<int> seen;
   first.on_click = [&] { ++clicks; };
@@ -224,9 +224,9 @@ TEST(KeysTest, KeysGoToTheGameAndLeaveTheFocusAlone) {
 
 TEST(KeysTest, FormSeesKeysFirstAndCanKeepThem) {
   ShownForm form;
-  ScrollBar bar(form, Orientation::kVertical);
-  Button ok(form);
-  Button cancel(form);
+  ScrollBar bar(&form, Orientation::kVertical);
+  Button ok(&form);
+  Button cancel(&form);
   std::string log;
   ok.on_click = [&] { log += "ok "; };
   cancel.on_click = [&] { log += "cancel "; };
@@ -254,7 +254,7 @@ TEST(KeysTest, FormSeesKeysFirstAndCanKeepThem) {
 
 TEST(MouseTest, ReportsButtonsAndPlaces) {
   ShownForm form;
-  PictureBox box(form);
+  PictureBox box(&form);
   box.SetBounds(10, 20, 100, 80);
   std::vector<std::string> log;
   const auto note = [&log](const std::string& what) {
@@ -286,7 +286,7 @@ TEST(MouseTest, ReportsButtonsAndPlaces) {
 
 TEST(MouseTest, SecondPressOfADoubleClickIsAPressToo) {
   ShownForm form;
-  Label label(form, "text");
+  Label label(&form, "text");
   std::string log;
   label.on_mouse_down = [&](const MouseEvent&) { log += "down "; };
   label.on_click = [&] { log += "click "; };
@@ -303,11 +303,11 @@ TEST(MouseTest, ShapesLetClicksThroughAndHiddenOrDisabledControlsGetNone) {
   int form_clicks = 0;
   int button_clicks = 0;
   form.on_click = [&] { ++form_clicks; };
-  Shape shape(form);
+  Shape shape(&form);
   shape.SetBounds(0, 0, 50, 50);
   user::Click(shape);
   EXPECT_EQ(form_clicks, 1);
-  Button button(form);
+  Button button(&form);
   button.on_click = [&] { ++button_clicks; };
   button.SetBounds(60, 0, 80, 30);
   user::Click(button);
@@ -341,7 +341,7 @@ TEST(FormTest, CloseAsksAndHides) {
 TEST(FormTest, ModalReturnsWhenHiddenAndTimersRunOn) {
   ShownForm form;
   Form dialog;
-  Button below(form);
+  Button below(&form);
   int clicks = 0;
   int ticks = 0;
   below.on_click = [&] { ++clicks; };
@@ -388,9 +388,9 @@ TEST(FormTest, SizeStateAndResizeHandler) {
 
 TEST(FormTest, ControlsAreKnownAtAnyDepth) {
   Form form;
-  Frame frame(form);
-  Label outside(form, "a");
-  auto inside = std::make_unique<Label>(frame, "b");
+  Frame frame(&form);
+  Label outside(&form, "a");
+  auto inside = std::make_unique<Label>(&frame, "b");
   std::vector<Control*> seen;
   const auto look = [&] {
     seen.clear();
@@ -406,8 +406,8 @@ TEST(FormTest, ControlsAreKnownAtAnyDepth) {
 
 TEST(FormTest, VisibleIsTheControlsOwnFlag) {
   Form form;
-  Frame frame(form);
-  Label label(frame, "text");
+  Frame frame(&form);
+  Label label(&frame, "text");
   EXPECT_TRUE(label.visible()) << "though its form is not on the screen";
   frame.set_visible(false);
   EXPECT_TRUE(label.visible());
@@ -421,7 +421,7 @@ TEST(FormTest, VisibleIsTheControlsOwnFlag) {
 TEST(TextTest, BytesBecomeGlyphsByCharset) {
   ShownForm form;
   const auto draw = [&form](const std::string& bytes, Charset charset) {
-    Label label(form, bytes);
+    Label label(&form, bytes);
     label.set_charset(charset);
     return user::Grab(label);
   };
@@ -435,8 +435,8 @@ TEST(TextTest, BytesBecomeGlyphsByCharset) {
 
 TEST(TextTest, LabelsMeasureBreakAndShorten) {
   ShownForm form;
-  Label label(form, "one\r\ntwo");
-  const int one_line = Label(form, "one").text_height();
+  Label label(&form, "one\r\ntwo");
+  const int one_line = Label(&form, "one").text_height();
   EXPECT_EQ(label.text_height(), 2 * one_line);
   label.set_auto_size(true);
   EXPECT_EQ(label.height(), 2 * one_line);
@@ -445,7 +445,7 @@ TEST(TextTest, LabelsMeasureBreakAndShorten) {
   EXPECT_EQ(label.width(), label.text_width()) << "the size follows the caption";
   EXPECT_EQ(label.height(), one_line);
 
-  Label narrow(form, "some words that need more than one line");
+  Label narrow(&form, "some words that need more than one line");
   narrow.set_word_wrap(true);
   narrow.Resize(100, 100);
   EXPECT_GE(narrow.text_height(), 3 * one_line);
@@ -453,15 +453,15 @@ TEST(TextTest, LabelsMeasureBreakAndShorten) {
   narrow.set_font({.size = 28});
   EXPECT_GT(narrow.text_width(), width * 3 / 2);
 
-  Button button(form, "A & B");
-  EXPECT_EQ(button.text_width(), Label(form, "A & B").text_width());
+  Button button(&form, "A & B");
+  EXPECT_EQ(button.text_width(), Label(&form, "A & B").text_width());
 }
 
 // -------------------------------------------------------------------------------------------------------- Controls
 
 TEST(ControlsTest, ScrollBarKeepsItsRangeAndTellsRealChanges) {
   ShownForm form;
-  ScrollBar bar(form, Orientation::kHorizontal);
+  ScrollBar bar(&form, Orientation::kHorizontal);
   bar.SetBounds(0, 0, 200, 16);
   int changes = 0;
   bar.on_change = [&] { ++changes; };
@@ -484,7 +484,7 @@ TEST(ControlsTest, ScrollBarKeepsItsRangeAndTellsRealChanges) {
 
 TEST(ControlsTest, CheckBoxClicksForTheUserOnly) {
   ShownForm form;
-  CheckBox box(form, "Zvuk");
+  CheckBox box(&form, "Zvuk");
   int clicks = 0;
   box.on_click = [&] { ++clicks; };
   box.set_value(1);
@@ -497,8 +497,8 @@ TEST(ControlsTest, CheckBoxClicksForTheUserOnly) {
 
 TEST(ControlsTest, LaterSiblingsStandInFrontUntilReordered) {
   ShownForm form;
-  Shape below(form);
-  Shape above(form);
+  Shape below(&form);
+  Shape above(&form);
   for (Shape* shape : {&below, &above}) {
     shape->SetBounds(0, 0, 40, 40);
     shape->set_line_width(0);
@@ -612,9 +612,9 @@ INSTANTIATE_TEST_SUITE_P(Ratios, SurfaceTest, ::testing::Values(1, 2));
 
 TEST(PictureBoxTest, ScrollsAndRepaintsOnlyWhatChanged) {
   ShownForm form;
-  Frame view(form);
+  Frame view(&form);
   view.SetBounds(0, 0, 100, 100);
-  PictureBox cave(view);
+  PictureBox cave(&view);
   cave.surface().Reset(400, 400, Application::PixelRatio(), kGreen);
   cave.SetBounds(0, 0, 400, 400);
   cave.surface().Fill({200, 200, 50, 50}, kRed);
