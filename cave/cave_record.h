@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -22,8 +23,12 @@ struct CaveRecord {
   std::uint8_t SlimeThrough = 0;  // how easily slime lets things through, 0..8
 
   /// The character of cell (x, y), x 0..80, y 0..50; 0 where nothing was ever written.
-  char& Cell(int x, int y) { return Cells[static_cast<std::size_t>(y * kMaxWidth + x)]; }
-  char Cell(int x, int y) const { return Cells[static_cast<std::size_t>(y * kMaxWidth + x)]; }
+  char& Cell(int x, int y) { return Cells[Index(x, y)]; }
+  char Cell(int x, int y) const { return Cells[Index(x, y)]; }
+
+  static std::size_t Index(int x, int y) {
+    return static_cast<std::size_t>(y) * kMaxWidth + static_cast<std::size_t>(x);
+  }
 
   std::array<char, static_cast<std::size_t>(kMaxWidth* kMaxHeight)> Cells{};  // row by row; use Cell
 };

@@ -27,7 +27,7 @@ class Reader {
 
   std::string Text(const char* field) {
     const std::size_t length = Number(field);
-    const std::string text(rest_.substr(0, length));
+    std::string text(rest_.substr(0, length));
     rest_.remove_prefix(text.size());
     return text;
   }

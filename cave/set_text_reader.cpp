@@ -101,21 +101,19 @@ class SetReader {
       lines_.push_back(build());
       return;
     }
+    const std::string mistake = "\"" + rawKey + "\" already holds this field.";
     for (const std::string& key : keys) {
-      if (const Entry* entry = Find(fields, key)) {
-        syntax_.Fail(entry->line(), "\"" + rawKey + "\" already holds the " + key + ".");
-      }
+      if (const Entry* entry = Find(fields, key)) syntax_.Fail(entry->line(), mistake);
     }
     lines_.push_back(syntax_.Text(*raw));
   }
 
   std::string TitleLine(const Fields& fields, int line) const {
-    const std::string name = WithLength(Get(fields, "set", line, "the set"));
+    std::string name = WithLength(Get(fields, "set", line, "the set"));
     const Entry* start = Find(fields, "start");
     if (start == nullptr) return name + 'A';
-    std::string list;
-    for (const int number : syntax_.Numbers(*start, 0, kLargestNumber)) list += static_cast<char>(number + 64);
-    return name + list;
+    for (const int number : syntax_.Numbers(*start, 0, kLargestNumber)) name += static_cast<char>(number + 64);
+    return name;
   }
 
   std::string AuthorLine(const Fields& fields, int line) const {

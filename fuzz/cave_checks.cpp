@@ -1,0 +1,112 @@
+#include "cave_checks.h"
+
+#include <memory>
+#include <stdexcept>
+#include <tuple>
+
+#include "base/fault.h"
+#include "cave/cave_text.h"
+#include "cave/scramble.h"
+#include "cave/set_file.h"
+#include "cave/set_text.h"
+
+namespace {
+
+void Require(bool holds, const char* what) {
+  if (!holds) throw std::logic_error(what);
+}
+
+std::vector<std::string> Split(std::string_view bytes) {
+  std::vector<std::string> lines;
+  while (!bytes.empty()) {
+    const std::string_view line = bytes.substr(0, bytes.find(kLineSeparator));
+    lines.emplace_back(line);
+    bytes.remove_prefix(line.size() == bytes.size() ? line.size() : line.size() + 1);
+  }
+  return lines;
+}
+
+/// What a set under edit says to its reader: the fields, and the caves and start points of its caves.
+void RequireSame(const EditedSet& a, const EditedSet& b) {
+  const auto texts = [](const EditedSet& set) {
+    return std::tie(set.Name, set.Author, set.Mail, set.Description, set.PocetK, set.Gratulace);
+  };
+  Require(texts(a) == texts(b), "a saved set has other texts");
+  for (std::size_t i = 1; i <= a.PocetK; ++i) {
+    Require(a.KomText[i] == b.KomText[i] && a.Poc[i] == b.Poc[i], "a saved set has other caves");
+  }
+}
+
+void CheckEditor(const SetLines& file) {
+  static EditedSet kept;  // as in the editor, where the set before is still there
+  try {
+    if (OpenColl(file, kept) != OpenResult::kOpened) return;
+  } catch (const Fault& fault) {
+    Require(fault.file() == file.file, "the fault does not name the file");
+    return;
+  }
+  Require(kept.PocetK <= 99, "more caves than numbers");
+  kept.Poc[1] = true;
+  SetLines saved{"saved", LinesOf(kept)};
+  EditedSet again;
+  Require(OpenColl(saved, again) == OpenResult::kOpened, "a saved set is not opened");
+  if (kept.PocetK > 0) RequireSame(kept, again);
+}
+
+void CheckOverview(const SetLines& file) {
+  static const auto kept = std::make_unique<PlayedSet>();
+  try {
+    LoadColl(file, *kept);
+  } catch (const Fault& fault) {
+    Require(fault.file() == file.file, "the fault does not name the file");
+    return;
+  }
+  Require(kept->PocetK <= 98, "more caves than fit");
+  for (std::size_t i = 1; i <= kept->PocetK; ++i) {
+    Require(HasCaveTail(kept->KomText[i]), "a cave without a tail");
+    Require(kept->KomRec[i].Width <= kMaxWidth && kept->KomRec[i].Height <= kMaxHeight, "a giant cave");
+  }
+}
+
+void CheckReadableForm(const std::vector<std::string>& lines) {
+  for (const CodePage page : {CodePage::k1250, CodePage::k1251}) {
+    CodePage pageBack = CodePage::k1250;
+    const std::string text = SetToText(lines, page);
+    Require(SetFromText(text, "text", &pageBack) == lines, "the readable form has lost something");
+    Require(pageBack == page, "the readable form has another code page");
+    Require(text.find('\r') == std::string::npos, "the readable form holds a bare control character");
+  }
+}
+
+}  // namespace
+
+void CheckCaveText(std::string_view bytes) {
+  Require(Unscramble(Scramble(bytes)) == bytes, "coding has changed the text");
+  Require(Unscramble(bytes).size() <= (bytes.size() + 2) / 3, "decoding gives more than a character a group");
+  SetNameIn(bytes);
+  try {
+    const std::string text = BuildCaveText(ParseCaveText(bytes));
+    Require(BuildCaveText(ParseCaveText(text)) == text, "a cave changes when it is encoded and decoded");
+  } catch (const Fault&) {
+    return;
+  }
+}
+
+void CheckSet(std::string_view bytes) {
+  const SetLines file{"set.zb", Split(bytes)};
+  CheckEditor(file);
+  CheckOverview(file);
+  CheckReadableForm(file.lines);
+  if (!file.lines.empty()) SetNameIn(Scramble(file.lines[0]));
+}
+
+void CheckSetText(std::string_view text) {
+  std::vector<std::string> lines;
+  try {
+    lines = SetFromText(text, "set.txt");
+  } catch (const Fault& fault) {
+    Require(fault.file().starts_with("set.txt:"), "the fault does not name the line");
+    return;
+  }
+  CheckReadableForm(lines);
+}
