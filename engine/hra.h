@@ -72,8 +72,7 @@ class Hra {
   Hra() = default;
   explicit Hra(const Hooks* surroundings, const Settings* wishes = nullptr) : hooks(surroundings), settings(wishes) {}
 
-  // --- Entry points
-  // ------------------------------------------------------------------------------------------------------
+  // --- Entry points --------------------
 
   /// Sets up a cave from its text; it is on show then and waits for Command1_Click. An empty text gives a cave of no
   /// cells. Throws Fault for a text that is no cave.
@@ -88,8 +87,7 @@ class Hra {
   /// The cave as text, one line a row, in the characters of cave text.
   std::string Picture() const;
 
-  // --- Procedures of the tick
-  // --------------------------------------------------------------------------------------------
+  // --- Procedures of the tick --------------------
 
   void Animace();
   void Teleport();
@@ -114,8 +112,7 @@ class Hra {
   void ProjedKlv();
   void WinGame();
 
-  // --- State
-  // -------------------------------------------------------------------------------------------------------------
+  // --- State --------------------
 
   Grid<std::uint16_t, -2, 81, -2, 51> Tiles;   // tile codes
   Grid<std::uint8_t, -2, 81, -2, 51> Motion;   // 0 still, 1 rounded, 2 at rest, 3 falling

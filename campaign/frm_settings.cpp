@@ -1,0 +1,78 @@
+#include "campaign/frm_settings.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "base/lang_str.h"
+
+namespace {
+
+constexpr int kSlowest = 10;  // speeds run from 1, the fastest, to 10; a bar to the right means faster
+
+std::uint8_t SpeedOf(const platform::ScrollBar& bar) { return static_cast<std::uint8_t>(kSlowest + 1 - bar.value()); }
+
+}  // namespace
+
+FrmSettings::FrmSettings() {
+  for (platform::ScrollBar* bar : {&HScroll1, &HScroll2}) {
+    bar->set_min(1);
+    bar->set_max(kSlowest);
+    bar->set_large_change(3);
+  }
+  Check4.set_caption("Joystick");
+  Command1.set_caption("OK");
+  Command1.on_click = [this] { Command1_Click(); };
+  set_default_button(&Command1);
+  Place();
+}
+
+void FrmSettings::Place() {
+  constexpr int kEdge = 20;
+  int inner = 300;
+  for (const platform::Label* label : {&Label1, &Label2}) inner = std::max(inner, label->text_width());
+  for (const platform::CheckBox* box : {&Check1, &Check2, &Check3, &Check4})
+    inner = std::max(inner, box->text_width() + 34);
+  int top = kEdge;
+  const auto place = [&top, inner](platform::Control& control, int height, int gap) {
+    control.SetBounds(kEdge, top, inner, height);
+    top += height + gap;
+  };
+  place(Label1, 22, 4);
+  place(HScroll1, 20, 14);
+  place(Label2, 22, 4);
+  place(HScroll2, 20, 18);
+  for (platform::CheckBox* box : {&Check1, &Check2, &Check3, &Check4}) place(*box, 26, 4);
+  top += 14;
+  Command1.SetBounds(kEdge + (inner - 120) / 2, top, 120, 36);
+  Resize(inner + 2 * kEdge, top + 36 + kEdge);
+}
+
+void FrmSettings::SetSett() {
+  Check1.set_value(AnimovatAaB);
+  HScroll1.set_value(kSlowest + 1 - Rychlost);
+  HScroll2.set_value(kSlowest + 1 - RychlostZ);
+  Check2.set_value(DatPauzu);
+  Check3.set_value(Zvuk);
+  Check4.set_value(Joystick);
+}
+
+void FrmSettings::Command1_Click() {
+  AnimovatAaB = static_cast<std::uint8_t>(Check1.value());
+  Rychlost = SpeedOf(HScroll1);
+  RychlostZ = SpeedOf(HScroll2);
+  DatPauzu = static_cast<std::uint8_t>(Check2.value());
+  Zvuk = static_cast<std::uint8_t>(Check3.value());
+  Joystick = static_cast<std::uint8_t>(Check4.value());
+  if (settingsTaken) settingsTaken();
+  Hide();
+}
+
+void FrmSettings::SetLW() {
+  set_caption(LangStr[59]);
+  Label1.set_caption(LangStr[60]);
+  Label2.set_caption(LangStr[61]);
+  Check1.set_caption(LangStr[62]);
+  Check2.set_caption(LangStr[63]);
+  Check3.set_caption(LangStr[64]);
+  Place();
+}

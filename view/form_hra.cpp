@@ -1,0 +1,297 @@
+// The game window's part of a game: what the rules ask for, carried out on the screen.
+
+#include "view/form_hra.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+
+#include "base/lang_str.h"
+#include "base/language.h"
+#include "cave/cave_text.h"
+#include "platform/application.h"
+#include "platform/keys.h"
+#include "platform/message_box.h"
+#include "view/colours.h"
+
+namespace {
+
+constexpr int kStripStep = 25;  // logical pixels of a hero in the strip
+
+platform::Colour ScreenColour(std::uint32_t bbggrr) {
+  return {static_cast<std::uint8_t>(bbggrr & 0xFF), static_cast<std::uint8_t>(bbggrr >> 8 & 0xFF),
+          static_cast<std::uint8_t>(bbggrr >> 16 & 0xFF)};
+}
+
+std::uint64_t ClockOfTheDay() {
+  return static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count());
+}
+
+}  // namespace
+
+FormHra::FormHra(std::string programFolder, const Settings& settings)
+    : Form(platform::Border::kSizable), folder_(std::move(programFolder)), settings_(settings) {
+  MakeHooks();
+  MakeControls();
+  game.hooks = &hooks_;
+  game.settings = &settings_;
+}
+
+void FormHra::MakeHooks() {
+  hooks_.layOut = [this] {
+    FrmLoad();
+    Picture8.set_visible(false);
+  };
+  hooks_.caveRead = [this](const CaveRecord& record) { ReadCave(record); };
+  hooks_.loadTint = [this](int tint) {
+    pictures_->LoadTint(tint);
+    PaintPanels();
+  };
+  hooks_.sizeCave = [this](int columns, int rows) {
+    painter_.Reset(*pictures_, columns, rows);
+    KOMNATA.Resize(columns * pictures_->size(), rows * pictures_->size());
+  };
+  hooks_.showStrip = [this] { DrawStrip(); };
+  hooks_.setInterval = [this](int milliseconds) { tmrHra.set_interval(milliseconds); };
+  hooks_.paintCell = [this](int x, int y, int picture) { painter_.PaintCell(x, y, picture); };
+  hooks_.paintCellTop = [this](int x, int y, int picture, int halves) { painter_.PaintCellTop(x, y, picture, halves); };
+  hooks_.paintOverlay = [this](int x, int y, int picture) { painter_.PaintOverlay(x, y, picture); };
+  hooks_.paintTransfer = [this](int step, int picture) { PaintTransfer(step, picture); };
+  hooks_.paintStrip = [this](int hero, int picture) { PaintStrip(hero, picture); };
+  hooks_.showCell = [this](int x, int y) { MoveSurface(idleft(x), idtop(y)); };
+  hooks_.scrollFreely = [this] { ScrollFreely(); };
+  hooks_.showMessage = [this](const std::string& text, std::uint32_t colour) { ShowMessage(text, colour); };
+  hooks_.flash = [this] { Flash(); };
+  hooks_.pulse = [this](std::uint32_t colour) {
+    Picture7.surface().Fill({0, 0, Picture7.width(), Picture7.height()}, ScreenColour(colour));
+  };
+  hooks_.tickDone = [this] { ShowCounters(); };
+  hooks_.keyHeld = [](int virtualKey) { return platform::Held(virtualKey); };
+  hooks_.dropKeys = [] {
+    for (int code = 0; code < 256; ++code) platform::Held(code);
+  };
+  hooks_.clock = ClockOfTheDay;
+  hooks_.startTimer = [this] { tmrHra.Start(); };
+  hooks_.stopTimer = [this] { tmrHra.Stop(); };
+  hooks_.pause = [this] { ShowBox(LangStr[97], HeroName); };
+  hooks_.idlePause = [this] { ShowBox(LangStr[100], LangStr[98]); };
+  hooks_.won = [this] { wonInThisTick_ = true; };
+  hooks_.restart = [this] { Command3_Click(); };
+}
+
+// --- Entry points --------------------
+
+void FormHra::OpenCave(int n) {
+  pctBlesk.set_visible(false);
+  const std::string text = LoadCaveText(SetFile, n);
+  game.PlayingReplay = false;
+  game.TestPlay = false;
+  PaintCave(text);
+}
+
+void FormHra::PaintCave(const std::string& caveText) {
+  if (caveText.empty()) Hide();
+  game.PaintCave(caveText);
+  chkRec.set_value(game.chkRec);
+  chkRec.set_enabled(!game.PlayingReplay && !game.TestPlay);
+  Image2.set_visible(game.PlayingReplay);
+  ShowCounters();
+  game.ZornéPole();
+  PlaceStartPanel();
+  Picture5.set_visible(true);
+}
+
+void FormHra::Command1_Click() {
+  Picture5.set_visible(false);
+  Picture8.set_visible(false);
+  Command3.set_visible(true);
+  game.Command1_Click();
+}
+
+void FormHra::Command3_Click() { RestartGame_Click(); }
+
+void FormHra::RestartGame_Click() {
+  game.RecordBuffer.clear();
+  if (restartCave) restartCave();
+}
+
+void FormHra::Command4_Click() {
+  const bool running = tmrHra.enabled();
+  tmrHra.Stop();
+  if (showSettings) showSettings();
+  tmrHra.set_enabled(running);
+}
+
+void FormHra::EndGame_Click() {
+  tmrHra.Stop();
+  tmrSeconds.Stop();
+  Hide();
+  if (leave) leave();
+}
+
+bool FormHra::Form_QueryUnload() {
+  EndGame_Click();
+  return false;  // the form lives on, hidden
+}
+
+void FormHra::Form_Resize() {
+  Frame1.MoveTo((width() - Frame1.width()) / 2, (height() - Frame1.height()) / 2);
+  if (window_state() == platform::WindowState::kMinimised) {
+    stoppedByMinimise_ = stoppedByMinimise_ || tmrHra.enabled();
+    tmrHra.Stop();
+  } else if (stoppedByMinimise_) {
+    stoppedByMinimise_ = false;
+    tmrHra.Start();
+  }
+}
+
+// A win may set up the next cave, so it is told only when the tick has run to its end.
+void FormHra::tmrHra_Timer() {
+  game.tmrHra_Timer();
+  ShowHint();
+  if (!wonInThisTick_) return;
+  wonInThisTick_ = false;
+  if (caveWon) caveWon();
+}
+
+void FormHra::KeyDown(platform::KeyEvent& event) {
+  switch (event.code) {
+    case platform::kKeyEnter:
+    case platform::kKeySpace:
+      if (Picture5.visible()) Command1_Click();
+      break;
+    case platform::kKeyEscape:
+      EndGame_Click();
+      break;
+    case platform::kF1 + 9:
+      Command4_Click();
+      break;
+    default:
+      break;
+  }
+}
+
+// --- What the rules ask for --------------------
+
+void FormHra::ReadCave(const CaveRecord& record) {
+  CaveName = record.Name;
+  lblName.set_caption(record.Name);
+  lblStart.set_caption(record.Name);
+  lblDescr.set_caption(record.Description);
+  const CaveMode mode = game.PlayingReplay ? CaveMode::kReplay : game.TestPlay ? CaveMode::kTestPlay : CaveMode::kPlay;
+  set_caption(CaveCaption(PlayerName, record.Name, mode));
+}
+
+void FormHra::DrawStrip() {
+  Psi.surface().Reset(9 * kStripStep, kStripStep, pictures_->ratio(), platform::Application::theme().background);
+  for (int i = 1; i <= game.HeroCount; ++i) {
+    if (game.Heroes[static_cast<std::size_t>(i)].alive == 0) continue;
+    PaintStrip(i, i == game.CurrentHero ? picture::kSinglePes : picture::kMultiPes + i - 1);
+  }
+  Psi.set_visible(game.HeroCount != 1);
+}
+
+void FormHra::PaintStrip(int hero, int picture) {
+  const int left = kStripStep * (hero - 1);
+  Psi.surface().Fill({left, 0, kStripStep, kStripStep}, platform::Application::theme().background);
+  Psi.surface().Copy(small_[static_cast<std::size_t>(picture)], left, 0);
+}
+
+// The object shrinks on the entrance and grows on the exit, a quarter of a tile in each of the four ticks.
+void FormHra::PaintTransfer(int step, int picture) {
+  const int quarters = step - 1;
+  painter_.PaintShrunk(game.TeleportSource.x, game.TeleportSource.y, picture, 4 - quarters);
+  painter_.PaintShrunk(game.TeleportTarget.x, game.TeleportTarget.y, picture, quarters);
+}
+
+void FormHra::MoveSurface(double left, double top) {
+  left_ = left;
+  top_ = top;
+  const int x = static_cast<int>(std::lround(left));
+  const int y = static_cast<int>(std::lround(top));
+  painter_.SetWindow({-x, -y, Ram.width(), Ram.height()});
+  if (KOMNATA.left() != x || KOMNATA.top() != y) KOMNATA.MoveTo(x, y);
+}
+
+double FormHra::idleft(int x) const {
+  const double left = std::min(-((x + 0.5) - 19 / 2.0) * TileTw, 0.0);
+  return std::max(left, 19 * TileTw - game.CaveWidth * TileTw);
+}
+
+double FormHra::idtop(int y) const {
+  const double top = std::min(-((y + 0.5) - 11 / 2.0) * TileTh, 0.0);
+  return std::max(top, 11 * TileTh - game.CaveHeight * TileTh);
+}
+
+// The newest held arrow key moves the view. The ages are its own, so that looking around never changes how a hero
+// steps.
+void FormHra::ScrollFreely() {
+  int best = 1000;
+  int pick = 0;
+  for (int i = 1; i <= 4; ++i) {
+    int& age = scrollAge_[static_cast<std::size_t>(i)];
+    age = platform::Held(key::kLeft + i - 1) ? age + 1 : 0;
+    if (age > 0 && age < best) {
+      best = age;
+      pick = key::kLeft + i - 1;
+    }
+  }
+  const double step = 1.5 * TileTw;
+  const double left = left_ + (pick == key::kLeft ? step : pick == key::kRight ? -step : 0);
+  const double top = top_ + (pick == key::kUp ? step : pick == key::kDown ? -step : 0);
+  MoveSurface(std::min(std::max(left, -(game.CaveWidth - 19) * TileTw), 0.0),
+              std::min(std::max(top, -(game.CaveHeight - 11) * TileTh), 0.0));
+}
+
+void FormHra::ShowMessage(const std::string& text, std::uint32_t colour) {
+  Picture6.set_visible(false);
+  Message1.set_caption(text);
+  Message1.set_fore_colour(ScreenColour(colour));
+  Message1.set_width(Message1.text_width());
+  Picture6.set_width(Message1.width() + 60);
+  shpO7.set_width(Picture6.width() - 30);
+  shpO7.set_left(15);
+  Message1.set_left(30);
+  Picture6.set_left((Frame1.width() - Picture6.width()) / 2);
+  Picture6.set_visible(true);
+  tmrMsg.Start();
+}
+
+void FormHra::tmrMsg_Timer() {
+  Picture6.set_visible(false);
+  tmrMsg.Stop();
+}
+
+void FormHra::Flash() {
+  if (!visible()) return;
+  pctBlesk.set_visible(true);
+  pctBlesk.BringToFront();
+  platform::Application::PaintAndSleep(5);
+  pctBlesk.set_visible(false);
+}
+
+void FormHra::ShowBox(const std::string& text, const std::string& title) {
+  platform::ShowMessageBox({text, title, platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
+}
+
+void FormHra::ShowCounters() {
+  const auto digits = [](const char* format, int number) {
+    char text[16];
+    std::snprintf(text, sizeof text, format, number);
+    return std::string(text);
+  };
+  lblCas.set_caption(digits("%03d", game.lblCas));
+  lblSebr.set_caption(digits("%03d", game.Collected));
+  lblTreba.set_caption(digits("%03d", game.Need));
+  lblBz1.set_caption(digits("%02d", game.PointsNow));
+  lblBody.set_caption(digits("%05d", game.Score));
+}
+
+/// When nobody is left to move, or the time is out, tells how to go on.
+void FormHra::ShowHint() {
+  const bool stuck = !game.Won && !game.PlayingReplay &&
+                     (game.lblCas == 0 || std::none_of(game.Heroes.begin(), game.Heroes.end(),
+                                                       [](const HeroRecord& hero) { return hero.alive != 0; }));
+  if (Picture8.visible() != stuck) Picture8.set_visible(stuck);
+}

@@ -1,0 +1,140 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "base/settings.h"
+#include "engine/hra.h"
+#include "platform/controls.h"
+#include "platform/form.h"
+#include "platform/timer.h"
+#include "view/cave_painter.h"
+#include "view/tile_pictures.h"
+
+/// The window of a running cave. It owns the game and carries out what the game asks of its surroundings. One instance
+/// lives to the end of the program; other forms call its procedures and read its fields.
+class FormHra : public platform::Form {
+ public:
+  /// programFolder: where the pictures and all other data lie. settings are read at each use and must outlive the form.
+  FormHra(std::string programFolder, const Settings& settings);
+
+  // --- Entry points --------------------
+
+  /// Tile size and layout for the screen.
+  void FrmLoad();
+  /// Sets up cave number n of the set in SetFile. Throws Fault when the file cannot be read.
+  void OpenCave(int n);
+  /// Sets a cave up from its text; it waits for Command1_Click then. An empty text hides the form.
+  void PaintCave(const std::string& caveText);
+  void Command1_Click();  // "Start"
+  void Command3_Click();  // "Restart (Ctrl+R)"
+  void Command4_Click();  // settings
+  void RestartGame_Click();
+  void EndGame_Click();
+  void Form_Resize();
+  bool Form_QueryUnload();
+  void tmrHra_Timer();
+  void tmrMsg_Timer();
+  void ShowMessage(const std::string& text, std::uint32_t colour);
+  /// Position of the surface that centres a cell, as far as the cave reaches. In logical pixels.
+  double idleft(int x) const;
+  double idtop(int y) const;
+  /// Texts of the language in force.
+  void SetLW();
+
+  // --- Fields that other forms read and write --------------------
+
+  Hra game;
+  std::string SetFile = "/";  // path of the set being played; "/" means none
+  std::string SetName;        // in the code page of the texts, as are the next two
+  std::string PlayerName;
+  std::string CaveName;
+  double TileTw = 50;  // logical pixels of a tile
+  double TileTh = 50;
+
+  // What the rest of the program does for the game; set by whoever shows the form.
+  std::function<void()> restartCave;   // start the cave again
+  std::function<void()> caveWon;       // called when the tick that won has run to its end
+  std::function<void()> leave;         // the game was ended: show what comes next
+  std::function<void()> showSettings;  // modal
+
+  // --- Controls --------------------
+
+  platform::Frame Frame1{this};  // everything; centred in the window
+  platform::Shape shpPanel{&Frame1, platform::ShapeKind::kRounded};
+  platform::Image imgCas{&Frame1};
+  platform::Label Label1{&Frame1};
+  platform::Label lblCas{&Frame1};
+  platform::Image imgSebr{&Frame1};
+  platform::Label Label2{&Frame1};
+  platform::Label lblSebr{&Frame1};
+  platform::Image imgTreba{&Frame1};
+  platform::Label Label4{&Frame1};
+  platform::Label lblTreba{&Frame1};
+  platform::Image imgBz{&Frame1};
+  platform::Label Label7{&Frame1};
+  platform::Label lblBz1{&Frame1};
+  platform::Image imgBody{&Frame1};
+  platform::Label lblBody{&Frame1};
+  platform::Label lblName{&Frame1};
+  platform::Shape shpRam{&Frame1};
+  platform::Frame Ram{&Frame1};  // the window on the cave, 19 x 11 tiles
+  platform::PictureBox KOMNATA{&Ram};
+  platform::Image pctBlesk{&Ram};
+  platform::Frame Picture5{&Ram};  // waits for "Start"
+  platform::Label lblStart{&Picture5};
+  platform::Label lblDescr{&Picture5};
+  platform::Button Command1{&Picture5};
+  platform::Frame Picture8{&Ram};  // nobody is left to move: how to go on
+  platform::Image imgMrtvej{&Picture8};
+  platform::Label lblRestart{&Picture8};
+  platform::Frame Picture6{&Frame1};  // the message of the moment
+  platform::Shape shpO7{&Picture6, platform::ShapeKind::kRounded};
+  platform::Label Message1{&Picture6};
+  platform::PictureBox Psi{&Frame1};       // one small dog for each hero
+  platform::PictureBox Picture7{&Frame1};  // the light that pulses while the game runs
+  platform::CheckBox chkRec{&Frame1};
+  platform::Image Image2{&Frame1};  // a replay is running
+  platform::Label Label5{&Frame1};  // of this set
+  platform::Button Command3{&Frame1};
+  platform::Button Command4{&Frame1};
+  platform::Button EndGame{&Frame1};
+  platform::Timer tmrHra;
+  platform::Timer tmrMsg{3000};
+  platform::Timer tmrSeconds;  // has no handler and is only ever stopped
+
+ private:
+  void MakeHooks();
+  void MakeControls();
+  void LoadPictures();
+  void PlaceCounters();
+  void PlaceFooter();
+  void PlaceOverlays();
+  void PlaceStartPanel();
+  void PaintPanels();
+  void ShowCounters();
+  void ShowHint();
+  void ReadCave(const CaveRecord& record);
+  void DrawStrip();
+  void PaintStrip(int hero, int picture);
+  void PaintTransfer(int step, int picture);
+  void MoveSurface(double left, double top);
+  void ScrollFreely();
+  void Flash();
+  void ShowBox(const std::string& text, const std::string& title);
+  void KeyDown(platform::KeyEvent& event);
+
+  std::string folder_;
+  const Settings& settings_;
+  Hooks hooks_;
+  std::unique_ptr<TilePictures> pictures_;
+  std::array<platform::Picture, picture::kCount> small_;  // those of the strip
+  CavePainter painter_{KOMNATA.surface()};
+  double left_ = 0;  // of the surface in Ram, logical pixels
+  double top_ = 0;
+  std::array<int, 5> scrollAge_{};  // ticks for which an arrow key has been held in free scrolling
+  bool wonInThisTick_ = false;
+  bool stoppedByMinimise_ = false;
+};
