@@ -7,9 +7,6 @@
 
 namespace {
 
-constexpr int kNumberBase = 65;  // a small number n is written as the character of code n + 65
-constexpr int kLargestNumber = 190;
-
 /// Takes a cave text apart from its front.
 class Reader {
  public:
@@ -152,9 +149,7 @@ std::string CaveTemplate(int number) {
   return NewCave(LangStr[27], "_UPAAAAUsC", 30, 20);
 }
 
-std::string CaveTail(int number) {
-  return (number < 10 ? "---0" : "---") + std::to_string(number);
-}
+std::string CaveTail(int number) { return (number < 10 ? "---0" : "---") + std::to_string(number); }
 
 std::string LoadCaveText(const std::string& fileName, int caveNumber) {
   if (fileName == "*1") return CaveTemplate(1);

@@ -5,6 +5,10 @@
 
 #include "cave/cave_record.h"
 
+/// A small number n, up to the largest, is written as the one character of code n + kNumberBase.
+inline constexpr int kNumberBase = 65;
+inline constexpr int kLargestNumber = 190;
+
 /// Decodes a cave text; a tail behind the cells is ignored and missing cells become blanks.
 /// An empty text gives an empty record. Throws Fault when the header is cut short, holds a character below "A" in place
 /// of a number, or asks for more than 81 columns or 51 rows.

@@ -8,6 +8,4 @@ std::string CistyNazev(std::string_view text) {
   return clean;
 }
 
-bool JeBonus(std::string_view name) {
-  return ToUpper(name, CodePage::k1250).find("BONUS") != std::string::npos;
-}
+bool JeBonus(std::string_view name) { return ToUpper(name, CodePage::k1250).find("BONUS") != std::string::npos; }

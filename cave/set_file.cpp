@@ -7,20 +7,11 @@
 #include "base/fault.h"
 #include "base/files.h"
 #include "base/lang_str.h"
-#include "cave/cave_text.h"
 #include "cave/scramble.h"
 
 namespace {
 
-constexpr int kLengthBase = 65;  // a length n is written as the character of code n + 65
-constexpr int kStartBase = 64;   // start cave n is written as the character of code n + 64
-constexpr int kLaterMark = 81;   // format marks from this code on belong to later formats
-constexpr char kMark = '0';      // the mark of this format
-constexpr int kMostCaves = 99;   // a tail has two digits
-
-int CodeOf(char c) {
-  return static_cast<unsigned char>(c);
-}
+int CodeOf(char c) { return static_cast<unsigned char>(c); }
 
 /// Hands out the lines of a set in order.
 class Lines {
@@ -42,17 +33,6 @@ class Lines {
   const SetLines& file_;
   std::size_t next_ = 0;
 };
-
-/// The two halves of a line that starts with a length: as many characters, or fewer when the line is shorter, and the
-/// rest. False when there is no length.
-bool SplitByLength(std::string_view line, std::string& first, std::string& rest) {
-  if (line.empty() || CodeOf(line.front()) < kLengthBase) return false;
-  const auto length = static_cast<std::size_t>(CodeOf(line.front()) - kLengthBase);
-  line.remove_prefix(1);
-  first = line.substr(0, length);
-  rest = line.substr(first.size());
-  return true;
-}
 
 void SplitNext(Lines& lines, std::string& first, std::string& rest) {
   if (!SplitByLength(lines.Next(), first, rest)) {
@@ -81,11 +61,11 @@ char ReadMail(Lines& lines, std::string& mail) {
 }
 
 std::string WithLength(const std::string& text, const char* what) {
-  if (text.size() > kLongestName) {
+  if (text.size() > kLargestNumber) {
     throw Fault(std::string("The ") + what + " has " + std::to_string(text.size()) +
                 " characters; a set has room for 190.");
   }
-  return static_cast<char>(text.size() + kLengthBase) + text;
+  return static_cast<char>(text.size() + kNumberBase) + text;
 }
 
 CaveRecord ParseCave(const Lines& lines, const std::string& text) {
@@ -110,9 +90,16 @@ void WriteSetLines(const std::string& path, const std::vector<std::string>& line
   WriteFile(path, contents);
 }
 
-bool HasCaveTail(std::string_view line) {
-  return line.size() >= 5 && line.substr(line.size() - 5, 3) == "---";
+bool SplitByLength(std::string_view line, std::string& first, std::string& rest) {
+  if (line.empty() || CodeOf(line.front()) < kNumberBase) return false;
+  const auto length = static_cast<std::size_t>(CodeOf(line.front()) - kNumberBase);
+  line.remove_prefix(1);
+  first = line.substr(0, length);
+  rest = line.substr(first.size());
+  return true;
 }
+
+bool HasCaveTail(std::string_view line) { return line.size() >= 5 && line.substr(line.size() - 5, 3) == "---"; }
 
 bool CaveNumberOf(std::string_view line, int& number) {
   if (!HasCaveTail(line)) return false;
@@ -146,9 +133,7 @@ void SaveColl(const std::string& path, EditedSet& set) {
   WriteSetLines(path, lines);
 }
 
-OpenResult OpenColl(const std::string& path, EditedSet& set) {
-  return OpenColl(ReadSetLines(path), set);
-}
+OpenResult OpenColl(const std::string& path, EditedSet& set) { return OpenColl(ReadSetLines(path), set); }
 
 OpenResult OpenColl(const SetLines& file, EditedSet& set) {
   Lines lines(file);
@@ -157,7 +142,7 @@ OpenResult OpenColl(const SetLines& file, EditedSet& set) {
   SplitNext(lines, set.Name, starts);
   ReadStartPoints(lines, starts, [&set](std::size_t cave) { set.Poc[cave] = true; });
   SplitNext(lines, set.Author, set.Description);
-  if (CodeOf(ReadMail(lines, set.Mail)) >= kLaterMark) {
+  if (CodeOf(ReadMail(lines, set.Mail)) >= CodeOf(kLaterMark)) {
     for (std::string* text : {&set.Name, &set.Author, &set.Mail, &set.Description}) *text = LangStr[45];
     return OpenResult::kLaterFormat;
   }
@@ -173,9 +158,7 @@ OpenResult OpenColl(const SetLines& file, EditedSet& set) {
   return OpenResult::kOpened;
 }
 
-void LoadColl(const std::string& path, PlayedSet& set) {
-  LoadColl(ReadSetLines(path), set);
-}
+void LoadColl(const std::string& path, PlayedSet& set) { LoadColl(ReadSetLines(path), set); }
 
 void LoadColl(const SetLines& file, PlayedSet& set) {
   Lines lines(file);
@@ -202,7 +185,7 @@ void LoadColl(const SetLines& file, PlayedSet& set) {
 }
 
 std::string ReadSetName(const std::string& path) {
-  std::string head((1 + kLongestName) * 3, '\0');
+  std::string head((1 + kLargestNumber) * 3, '\0');
   std::ifstream file(path, std::ios::binary);
   file.read(head.data(), static_cast<std::streamsize>(head.size()));
   head.resize(static_cast<std::size_t>(file.gcount()));

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cave/cave_record.h"
+#include "cave/cave_text.h"
 
 // A cave set is a file of coded lines: title and start points; author and description; e-mail and format mark; the
 // caves, each with its number behind "---"; the congratulation. Two readers take it apart, and they differ on purpose:
@@ -25,6 +26,18 @@ SetLines ReadSetLines(const std::string& path);
 /// Codes the lines and writes them safely. Throws Fault, and leaves the old file, when that fails.
 void WriteSetLines(const std::string& path, const std::vector<std::string>& lines);
 
+/// Takes a line apart that starts with a length: as many characters, or fewer when the line is shorter, and the rest.
+/// False when there is no length.
+bool SplitByLength(std::string_view line, std::string& first, std::string& rest);
+
+/// Start cave n, 0..99, is written as the character of code n + kStartBase; a cave's tail has room for 99 as well.
+inline constexpr int kStartBase = 64;
+inline constexpr int kMostCaves = 99;
+
+/// The format mark of this format, and the lowest one of later formats.
+inline constexpr char kMark = '0';
+inline constexpr char kLaterMark = 'Q';
+
 /// True when the line ends in "---" and two more characters, whatever these are.
 bool HasCaveTail(std::string_view line);
 
@@ -42,9 +55,6 @@ struct EditedSet {
   std::array<bool, 100> Poc{};           // true: the cave is a start point, open from the first visit
   std::string Gratulace;                 // said when the set is finished
 };
-
-/// Most characters of a set's or an author's name: the length is stored as one character.
-inline constexpr int kLongestName = 190;
 
 /// The lines of a set as SaveColl writes them. Throws Fault when a name is longer than 190 characters or the set has
 /// more than 99 caves.

@@ -11,9 +11,7 @@
 
 namespace {
 
-constexpr int kLargestByte = 190;   // a small number is written as one character of code n + 65
-constexpr int kLargestTime = 1909;  // time and need: 190 tens and 9
-constexpr int kLargestNumber = 99;  // a cave's number has two digits
+constexpr int kLargestTime = kLargestNumber * 10 + 9;  // time and need have a character for their tens
 
 using Fields = std::map<std::string, const Entry*>;
 
@@ -22,9 +20,7 @@ const Entry* Find(const Fields& fields, const std::string& key) {
   return found == fields.end() ? nullptr : found->second;
 }
 
-bool IsCave(const std::string& key) {
-  return key == "cave" || key.starts_with("cave ");
-}
+bool IsCave(const std::string& key) { return key == "cave" || key.starts_with("cave "); }
 
 /// Headings start a new part of the text and so end the fields of the part before.
 bool IsHeading(const std::string& key) {
@@ -111,8 +107,8 @@ class SetReader {
   std::string TitleLine(const Fields& fields, int line) const {
     std::string name = WithLength(Get(fields, "set", line, "the set"));
     const Entry* start = Find(fields, "start");
-    if (start == nullptr) return name + 'A';
-    for (const int number : syntax_.Numbers(*start, 0, kLargestNumber)) name += static_cast<char>(number + 64);
+    if (start == nullptr) return name + static_cast<char>(kStartBase + 1);
+    for (const int number : syntax_.Numbers(*start, 0, kMostCaves)) name += static_cast<char>(number + kStartBase);
     return name;
   }
 
@@ -122,18 +118,18 @@ class SetReader {
 
   std::string MailLine(const Fields& fields) const {
     const Entry* mark = Find(fields, "mark");
-    const std::string markText = OptionalText(mark, "0");
+    const std::string markText = OptionalText(mark, std::string(1, kMark));
     if (markText.size() != 1) syntax_.Fail(mark->line(), "a format mark is one character.");
     return OptionalText(Find(fields, "mail"), "") + markText;
   }
 
-  std::string OptionalText(const Entry* entry, const char* otherwise) const {
+  std::string OptionalText(const Entry* entry, const std::string& otherwise) const {
     return entry == nullptr ? otherwise : syntax_.Text(*entry);
   }
 
   std::string WithLength(const Entry& entry) const {
     const std::string text = syntax_.ShortText(entry);
-    return static_cast<char>(text.size() + 65) + text;
+    return static_cast<char>(text.size() + kNumberBase) + text;
   }
 
   void ReadItem() {
@@ -158,8 +154,8 @@ class SetReader {
 
   void ReadCave(const Entry& heading) {
     caveNumber_ = heading.key == "cave" ? caveNumber_ + 1
-                                        : syntax_.NumberIn(heading.key.substr(5), heading.line(), 0, kLargestNumber);
-    if (caveNumber_ > kLargestNumber) syntax_.Fail(heading.line(), "the number of a cave is at most 99.");
+                                        : syntax_.NumberIn(heading.key.substr(5), heading.line(), 0, kMostCaves);
+    if (caveNumber_ > kMostCaves) syntax_.Fail(heading.line(), "the number of a cave is at most 99.");
     const Fields fields = TakeFields(
         {"name", "description", "time", "need", "points", "magic", "amoeba", "colour", "slime", "size", "rows"});
     const auto get = [&](const char* key) -> const Entry& {
@@ -169,7 +165,7 @@ class SetReader {
       return static_cast<std::int16_t>(syntax_.Number(get(key), 0, kLargestTime));
     };
     const auto byte = [&](const char* key) {
-      return static_cast<std::uint8_t>(syntax_.Number(get(key), 0, kLargestByte));
+      return static_cast<std::uint8_t>(syntax_.Number(get(key), 0, kLargestNumber));
     };
     CaveRecord record;
     record.Name = syntax_.ShortText(get("name"));
@@ -186,7 +182,7 @@ class SetReader {
   }
 
   void ReadPoints(const Entry& entry, CaveRecord& record) const {
-    const std::vector<int> points = syntax_.Numbers(entry, 0, kLargestByte);
+    const std::vector<int> points = syntax_.Numbers(entry, 0, kLargestNumber);
     if (points.size() != 2) syntax_.Fail(entry.line(), "points are two numbers: before and after the exit opens.");
     record.PointsBefore = static_cast<std::uint8_t>(points[0]);
     record.PointsAfter = static_cast<std::uint8_t>(points[1]);

@@ -29,9 +29,7 @@ std::string HexEscape(char byte) {
 
 /// True for what a reader of the text would not see: control characters, the blank that does not break, the soft
 /// hyphen.
-bool Invisible(char32_t code) {
-  return code < 0x20 || (code >= 0x7F && code <= 0xA0) || code == 0xAD;
-}
+bool Invisible(char32_t code) { return code < 0x20 || (code >= 0x7F && code <= 0xA0) || code == 0xAD; }
 
 std::string Shown(char32_t code) {
   std::string text = "\"";
@@ -58,13 +56,9 @@ std::string EscapeText(std::string_view bytes, CodePage page) {
   return text;
 }
 
-std::string EscapeCell(char cell) {
-  return LoadOfCharacter(cell).known ? std::string(1, cell) : HexEscape(cell);
-}
+std::string EscapeCell(char cell) { return LoadOfCharacter(cell).known ? std::string(1, cell) : HexEscape(cell); }
 
-void SetSyntax::Fail(int line, const std::string& what) const {
-  throw Fault(what, file_ + ":" + std::to_string(line));
-}
+void SetSyntax::Fail(int line, const std::string& what) const { throw Fault(what, file_ + ":" + std::to_string(line)); }
 
 std::vector<Entry> SetSyntax::Entries(std::string_view text) const {
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);  // some editors start UTF-8 with a byte order mark
@@ -134,7 +128,7 @@ std::string SetSyntax::Text(const Entry& entry) const {
 
 std::string SetSyntax::ShortText(const Entry& entry) const {
   std::string text = Text(entry);
-  if (text.size() > kLongestName) {
+  if (text.size() > kLargestNumber) {
     Fail(entry.line(), "\"" + entry.key + "\" has " + std::to_string(text.size()) + " characters; 190 are possible.");
   }
   return text;

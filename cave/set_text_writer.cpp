@@ -36,15 +36,9 @@ class TextWriter {
   std::string text_;
 };
 
-/// The two halves of a line that starts with a length, when that is no more than the line has.
-bool SplitExactly(std::string_view line, std::string& first, std::string& rest) {
-  if (line.empty()) return false;
-  const int length = static_cast<unsigned char>(line.front()) - 65;
-  line.remove_prefix(1);
-  if (length < 0 || static_cast<std::size_t>(length) > line.size()) return false;
-  first = line.substr(0, static_cast<std::size_t>(length));
-  rest = line.substr(static_cast<std::size_t>(length));
-  return true;
+/// The two halves of a line that starts with the very length of the first one.
+bool SplitExactly(const std::string& line, std::string& first, std::string& rest) {
+  return SplitByLength(line, first, rest) && first.size() + kNumberBase == static_cast<unsigned char>(line.front());
 }
 
 bool WriteTitle(TextWriter& writer, const std::string& line) {
@@ -53,8 +47,8 @@ bool WriteTitle(TextWriter& writer, const std::string& line) {
   if (!SplitExactly(line, name, list)) return false;
   std::string start = "start:";
   for (const char c : list) {
-    const int number = static_cast<unsigned char>(c) - 64;
-    if (number < 0 || number > 99) return false;
+    const int number = static_cast<unsigned char>(c) - kStartBase;
+    if (number < 0 || number > kMostCaves) return false;
     start += " " + std::to_string(number);
   }
   writer.Text("set", name);
@@ -74,7 +68,7 @@ bool WriteAuthor(TextWriter& writer, const std::string& line) {
 bool WriteMail(TextWriter& writer, const std::string& line) {
   if (line.empty()) return false;
   writer.Text("mail", line.substr(0, line.size() - 1));
-  if (line.back() != '0') writer.Text("mark", line.substr(line.size() - 1));
+  if (line.back() != kMark) writer.Text("mark", line.substr(line.size() - 1));
   return true;
 }
 

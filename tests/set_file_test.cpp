@@ -124,6 +124,7 @@ TEST_F(SetFile, TheEditorGoesByTheNumbersAndTheOverviewByTheOrder) {
 
 TEST_F(SetFile, TheEditorWantsDigitsInTheTail) {
   const SetLines file = SetOf({Cave("a") + "---xy", Cave("b") + "---1 ", Cave("c") + "---00", "--01", "x"});
+  edited_.PocetK = 9;
   OpenColl(file, edited_);
   EXPECT_EQ(edited_.PocetK, 0) << "the number 0 counts for nothing";
   EXPECT_EQ(edited_.KomText[0], Cave("c"));

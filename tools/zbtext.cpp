@@ -24,7 +24,18 @@ constexpr const char* kHelp =
     "  --to-set      text to set\n"
     "  --code-page   the code page of the set's texts, 1250 (Central European, the default) or 1251 (Cyrillic);\n"
     "                a text names its own code page\n"
-    "  --help        this help\n";
+    "  --help        this help\n"
+    "\n"
+    "In the text, a line that starts with a bar \"|\" goes on with the field above it, as does each row of a cave; "
+    "lines\n"
+    "that start with \"#\" are comments. \"\\\\\" is a backslash, \"\\n\", \"\\r\" and \"\\t\" are single control "
+    "characters,\n"
+    "\"\\xHH\" is the byte of that value, also for a blank at the end of a line and for a cell that is no tile. The "
+    "fields\n"
+    "\"start\" (cave 1), \"description\", \"mail\" and \"size\" may be missing; \"cave\" without a number goes on "
+    "counting.\n"
+    "Lines that the fields cannot give back byte for byte stand as they are behind \"raw:\" or \"line 1:\" to \"line "
+    "3:\".\n";
 
 struct Arguments {
   bool help = false;
