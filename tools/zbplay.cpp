@@ -1,0 +1,312 @@
+// zbplay: plays a cave of a set without a screen, by a script, and shows it as text.
+
+#include <getopt.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <charconv>
+#include <chrono>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <thread>
+
+#include "base/code_page.h"
+#include "base/fault.h"
+#include "base/files.h"
+#include "base/utf8.h"
+#include "cave/names.h"
+#include "cave/set_file.h"
+#include "tools/script_player.h"
+#include "tools/text_picture.h"
+
+namespace {
+
+constexpr int kWon = 0;
+constexpr int kNotWon = 1;
+constexpr int kUsage = 2;
+
+constexpr int kBonusPoints = 500;
+constexpr std::size_t kNameColumns = 26;
+constexpr int kLookTicks = 10;  // a cave without a script runs this long
+constexpr std::chrono::milliseconds kTickOnTerminal{60};
+
+constexpr const char* kUsageText =
+    "Usage: zbplay [OPTIONS] SET.zb                 lists the caves of a set\n"
+    "       zbplay [OPTIONS] SET.zb CAVE [SCRIPT|-] plays one of them and shows how it ends\n";
+
+constexpr const char* kOptionsText =
+    "\n"
+    "Plays the cave with the number CAVE by the script in the file SCRIPT, or on standard input (\"-\"). Without a "
+    "script\n"
+    "the one that is shipped with the set is played, scripts/SET/NN.txt beside it.\n"
+    "\n"
+    "Options:\n"
+    "  --every N    show the cave after every N ticks, 0: only at the end. On a terminal it moves in place, and N is "
+    "1\n"
+    "               unless it is given; otherwise 0\n"
+    "  --ticks N    stop after N ticks\n"
+    "  --seed N     seed of the random numbers of the rules (1)\n"
+    "  --summary    one line a cave and no picture; without CAVE all caves are played\n"
+    "  --help       this text\n"
+    "\n"
+    "The result is 0 when the cave is won, 1 when it is not, 2 when nothing could be played.\n"
+    "\n"
+    "Scripts:\n";
+
+struct Options {
+  std::string set;
+  std::string cave;
+  std::string script;
+  std::optional<int> every;
+  std::optional<int> ticks;
+  std::uint64_t seed = 1;
+  bool summary = false;
+  bool help = false;
+};
+
+/// What cannot be understood of the command line.
+class UsageFault : public Fault {
+  using Fault::Fault;
+};
+
+template <class Number>
+Number ParseNumber(std::string_view text, const std::string& what, Number least) {
+  Number number{};
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size() || number < least) {
+    throw UsageFault(what + " is \"" + std::string(text) + "\"; a whole number from " + std::to_string(least) +
+                     " is needed");
+  }
+  return number;
+}
+
+Options ParseArguments(int argc, char** argv) {
+  static const option kOptions[] = {
+      {"every", required_argument, nullptr, 'e'}, {"ticks", required_argument, nullptr, 't'},
+      {"seed", required_argument, nullptr, 's'},  {"summary", no_argument, nullptr, 'y'},
+      {"help", no_argument, nullptr, 'h'},        {nullptr, 0, nullptr, 0},
+  };
+  Options options;
+  for (int c = 0; (c = getopt_long(argc, argv, "h", kOptions, nullptr)) != -1;) {
+    switch (c) {
+      case 'e':
+        options.every = ParseNumber(optarg, "--every", 0);
+        break;
+      case 't':
+        options.ticks = ParseNumber(optarg, "--ticks", 0);
+        break;
+      case 's':
+        options.seed = ParseNumber<std::uint64_t>(optarg, "--seed", 0);
+        break;
+      case 'y':
+        options.summary = true;
+        break;
+      case 'h':
+        options.help = true;
+        return options;
+      default:
+        throw UsageFault("");  // getopt has said what is wrong
+    }
+  }
+  const int count = argc - optind;
+  if (count < 1) throw UsageFault("the set is missing");
+  if (count > 3) throw UsageFault("there are more than three names");
+  options.set = argv[optind];
+  if (count > 1) options.cave = argv[optind + 1];
+  if (count > 2) options.script = argv[optind + 2];
+  return options;
+}
+
+std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+/// A text made so many characters long with blanks.
+std::string Padded(const std::string& utf8, std::size_t length) {
+  const std::size_t count = CodePoints(utf8).size();
+  return count < length ? utf8 + std::string(length - count, ' ') : utf8;
+}
+
+/// Text of a set as it is shown: UTF-8, on one line.
+std::string Shown(const std::string& text) {
+  std::string line = ToUtf8(text, CodePage::k1250);
+  for (char& c : line) {
+    if (c == '\n' || c == '\r') c = ' ';
+  }
+  return line;
+}
+
+bool IsTerminal() { return isatty(STDOUT_FILENO) != 0; }
+
+/// How many cells a picture may show: what fits on the terminal below and above the other lines, otherwise all.
+struct Room {
+  int columns = kMaxWidth;
+  int rows = kMaxHeight;
+};
+
+Room RoomForCells() {
+  constexpr int kOtherLines = 5;
+  Room room;
+  winsize size{};
+  if (IsTerminal() && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 && size.ws_row > kOtherLines) {
+    room.columns = size.ws_col / 2;
+    room.rows = size.ws_row - kOtherLines;
+  }
+  return room;
+}
+
+bool WantsColour() {
+  const char* plain = std::getenv("NO_COLOR");
+  return IsTerminal() && (plain == nullptr || *plain == '\0');
+}
+
+/// A picture for a terminal that goes over the one before it.
+std::string InPlace(const std::string& picture) {
+  std::string text = "\x1b[H";
+  for (const char c : picture) text += c == '\n' ? "\x1b[K\n" : std::string(1, c);
+  return text;
+}
+
+/// The cave's script: the file named, standard input, or the shipped one; nothing when none is shipped.
+std::optional<Script> FindScript(const Options& options, int cave) {
+  if (options.script == "-") {
+    const std::string text{std::istreambuf_iterator<char>(std::cin), {}};
+    return ParseScript(text, "standard input");
+  }
+  if (!options.script.empty()) return ParseScript(ReadFile(options.script), options.script);
+  const std::filesystem::path set = options.set;
+  const auto path = set.parent_path() / "scripts" / set.stem() / (TwoDigits(cave) + ".txt");
+  if (!std::filesystem::exists(path)) return std::nullopt;
+  return ParseScript(ReadFile(path.string()), path.string());
+}
+
+std::string Seconds(int ticks) { return std::to_string(ticks / 10) + "." + std::to_string(ticks % 10) + " s"; }
+
+/// A cave at play, and what is said about it.
+class Show {
+ public:
+  Show(const Options& options, const PlayedSet& set, int cave, std::optional<Script> script)
+      : options_(options),
+        set_(set),
+        cave_(cave),
+        hasScript_(script.has_value()),
+        player_(set.KomText[static_cast<std::size_t>(cave)], script ? std::move(*script) : Script{LookOn()},
+                options.seed) {}
+
+  /// Plays the cave to its end; the result of the program.
+  int Play() {
+    const int every = options_.every.value_or(IsTerminal() && hasScript_ ? 1 : 0);
+    const bool moves = every > 0 && !options_.summary;
+    const bool inPlace = moves && IsTerminal();
+    if (inPlace) std::cout << "\x1b[2J";
+    while (!options_.ticks || player_.ticks() < *options_.ticks) {
+      if (!player_.Tick()) break;
+      if (!moves || player_.ticks() % every != 0) continue;
+      std::cout << (inPlace ? InPlace(Picture()) : Picture() + '\n') << std::flush;
+      if (inPlace) std::this_thread::sleep_for(kTickOnTerminal * every);
+    }
+    if (options_.summary) {
+      std::cout << TwoDigits(cave_) << "  " << Padded(Name(), kNameColumns) << "  " << Result() << '\n';
+    } else {
+      if (inPlace) std::cout << "\x1b[H\x1b[J";
+      std::cout << Picture() << '\n' << TextLegend(player_.game(), WantsColour()) << '\n' << Result() << '\n';
+    }
+    return player_.outcome() == Outcome::Won ? kWon : kNotWon;
+  }
+
+ private:
+  static ScriptStep LookOn() {
+    ScriptStep step;
+    step.number = kLookTicks;
+    return step;
+  }
+
+  const CaveRecord& Record() const { return set_.KomRec[static_cast<std::size_t>(cave_)]; }
+  std::string Name() const { return Shown(Record().Name); }
+
+  std::string Picture() const {
+    const Hra& game = player_.game();
+    const Room room = RoomForCells();
+    return Shown(set_.Name) + "  " + TwoDigits(cave_) + "  " + Name() + "\n\n" +
+           TextPicture(game, WantsColour(), room.columns, room.rows) + "\ngems " + std::to_string(game.Collected) +
+           " of " + std::to_string(game.Need) + "   time left " + std::to_string(game.lblCas) + " s   points " +
+           std::to_string(game.Score) + "   tick " + std::to_string(player_.ticks()) + "\n";
+  }
+
+  std::string Result() const {
+    const std::string after = " after " + Seconds(player_.ticks());
+    if (player_.outcome() == Outcome::Won) {
+      const int bonus = JeBonus(Record().Name) ? kBonusPoints : 0;
+      return "won with " + std::to_string(player_.game().Sum.Score() + bonus) + " points" + after;
+    }
+    if (player_.outcome() == Outcome::Running) return "not won: stopped" + after;
+    if (!hasScript_) return "not won: no script is shipped for this cave";
+    return "not won: " + player_.explanation() + after;
+  }
+
+  const Options& options_;
+  const PlayedSet& set_;
+  int cave_;
+  bool hasScript_;
+  ScriptPlayer player_;
+};
+
+void List(const PlayedSet& set) {
+  std::cout << Shown(set.Name) << "  (" << Shown(set.Author) << ")\n" << Shown(set.Description) << "\n\n";
+  for (int i = 1; i <= set.PocetK; ++i) {
+    const CaveRecord& cave = set.KomRec[static_cast<std::size_t>(i)];
+    std::cout << TwoDigits(i) << (set.StavK[static_cast<std::size_t>(i)] == Open ? " * " : "   ") << Shown(cave.Name)
+              << "  (" << int{cave.Width} << " x " << int{cave.Height} << ", " << cave.Need << " gems, " << cave.Time
+              << " s)\n     " << Shown(cave.Description) << '\n';
+  }
+  std::cout << "\n* open from the start\n";
+}
+
+int PlayAll(const Options& options, const PlayedSet& set) {
+  int result = kWon;
+  for (int cave = 1; cave <= set.PocetK; ++cave) {
+    if (Show(options, set, cave, FindScript(options, cave)).Play() != kWon) result = kNotWon;
+  }
+  return result;
+}
+
+int Run(const Options& options) {
+  const auto set = std::make_unique<PlayedSet>();
+  LoadColl(options.set, *set);
+  if (options.cave.empty()) {
+    if (options.summary) return PlayAll(options, *set);
+    List(*set);
+    return kWon;
+  }
+  const int cave = ParseNumber(options.cave, "CAVE", 1);
+  if (cave > set->PocetK) {
+    throw Fault("The set has no cave " + std::to_string(cave) + "; it has " + std::to_string(set->PocetK) + ".",
+                options.set);
+  }
+  return Show(options, *set, cave, FindScript(options, cave)).Play();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    const Options options = ParseArguments(argc, argv);
+    if (options.help) {
+      std::cout << kUsageText << kOptionsText << kScriptHelp;
+      return kWon;
+    }
+    return Run(options);
+  } catch (const UsageFault& fault) {
+    if (*fault.what() != '\0') std::cerr << "zbplay: " << fault.what() << ".\n";
+    std::cerr << kUsageText << "\"zbplay --help\" tells more.\n";
+  } catch (const Fault& fault) {
+    std::cerr << "zbplay: " << fault.message() << '\n';
+  }
+  return kUsage;
+}
