@@ -14,7 +14,7 @@ class Reader {
 
   std::uint8_t Number(const char* field) {
     if (rest_.empty()) throw Fault(std::string("The cave text ends before its ") + field + ".");
-    const int value = static_cast<unsigned char>(rest_.front()) - kNumberBase;
+    const int value = static_cast<unsigned char>(rest_.front()) - kSmallNumberBase;
     if (value < 0) {
       throw Fault(std::string("The cave text holds a character below \"A\" for its ") + field + ".");
     }
@@ -38,11 +38,11 @@ class Reader {
 class Writer {
  public:
   void Number(int value, const char* field) {
-    if (value < 0 || value > kLargestNumber) {
+    if (value < 0 || value > kLargestSmallNumber) {
       throw Fault(std::string("The ") + field + " of the cave is " + std::to_string(value) +
                   "; a cave text holds numbers from 0 to 190.");
     }
-    text_ += static_cast<char>(value + kNumberBase);
+    text_ += static_cast<char>(value + kSmallNumberBase);
   }
 
   void Text(const std::string& text, const char* field) {
@@ -78,7 +78,7 @@ std::string NewCave(const std::string& name, std::string_view header, int width,
   std::string text = "E";
   for (const std::string& part : {name, LangStr[53]}) {
     Writer writer;
-    writer.Text(part.substr(0, kLargestNumber), "text");
+    writer.Text(part.substr(0, kLargestSmallNumber), "text");
     text += writer.Take();
   }
   text += header;

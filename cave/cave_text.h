@@ -5,9 +5,9 @@
 
 #include "cave/cave_record.h"
 
-/// A small number n, up to the largest, is written as the one character of code n + kNumberBase.
-inline constexpr int kNumberBase = 65;
-inline constexpr int kLargestNumber = 190;
+/// A small number n, up to the largest, is written as the one character of code n + kSmallNumberBase.
+inline constexpr int kSmallNumberBase = 65;
+inline constexpr int kLargestSmallNumber = 190;
 
 /// Decodes a cave text; a tail behind the cells is ignored and missing cells become blanks.
 /// An empty text gives an empty record. Throws Fault when the header is cut short, holds a character below "A" in place

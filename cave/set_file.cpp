@@ -61,11 +61,11 @@ char ReadMail(Lines& lines, std::string& mail) {
 }
 
 std::string WithLength(const std::string& text, const char* what) {
-  if (text.size() > kLargestNumber) {
+  if (text.size() > kLargestSmallNumber) {
     throw Fault(std::string("The ") + what + " has " + std::to_string(text.size()) +
                 " characters; a set has room for 190.");
   }
-  return static_cast<char>(text.size() + kNumberBase) + text;
+  return static_cast<char>(text.size() + kSmallNumberBase) + text;
 }
 
 CaveRecord ParseCave(const Lines& lines, const std::string& text) {
@@ -91,8 +91,8 @@ void WriteSetLines(const std::string& path, const std::vector<std::string>& line
 }
 
 bool SplitByLength(std::string_view line, std::string& first, std::string& rest) {
-  if (line.empty() || CodeOf(line.front()) < kNumberBase) return false;
-  const auto length = static_cast<std::size_t>(CodeOf(line.front()) - kNumberBase);
+  if (line.empty() || CodeOf(line.front()) < kSmallNumberBase) return false;
+  const auto length = static_cast<std::size_t>(CodeOf(line.front()) - kSmallNumberBase);
   line.remove_prefix(1);
   first = line.substr(0, length);
   rest = line.substr(first.size());
@@ -185,7 +185,7 @@ void LoadColl(const SetLines& file, PlayedSet& set) {
 }
 
 std::string ReadSetName(const std::string& path) {
-  std::string head((1 + kLargestNumber) * 3, '\0');
+  std::string head((1 + kLargestSmallNumber) * 3, '\0');
   std::ifstream file(path, std::ios::binary);
   file.read(head.data(), static_cast<std::streamsize>(head.size()));
   head.resize(static_cast<std::size_t>(file.gcount()));

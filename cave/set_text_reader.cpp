@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kLargestTime = kLargestNumber * 10 + 9;  // time and need have a character for their tens
+constexpr int kLargestTime = kLargestSmallNumber * 10 + 9;  // time and need have a character for their tens
 
 using Fields = std::map<std::string, const Entry*>;
 
@@ -129,7 +129,7 @@ class SetReader {
 
   std::string WithLength(const Entry& entry) const {
     const std::string text = syntax_.ShortText(entry);
-    return static_cast<char>(text.size() + kNumberBase) + text;
+    return static_cast<char>(text.size() + kSmallNumberBase) + text;
   }
 
   void ReadItem() {
@@ -165,7 +165,7 @@ class SetReader {
       return static_cast<std::int16_t>(syntax_.Number(get(key), 0, kLargestTime));
     };
     const auto byte = [&](const char* key) {
-      return static_cast<std::uint8_t>(syntax_.Number(get(key), 0, kLargestNumber));
+      return static_cast<std::uint8_t>(syntax_.Number(get(key), 0, kLargestSmallNumber));
     };
     CaveRecord record;
     record.Name = syntax_.ShortText(get("name"));
@@ -182,7 +182,7 @@ class SetReader {
   }
 
   void ReadPoints(const Entry& entry, CaveRecord& record) const {
-    const std::vector<int> points = syntax_.Numbers(entry, 0, kLargestNumber);
+    const std::vector<int> points = syntax_.Numbers(entry, 0, kLargestSmallNumber);
     if (points.size() != 2) syntax_.Fail(entry.line(), "points are two numbers: before and after the exit opens.");
     record.PointsBefore = static_cast<std::uint8_t>(points[0]);
     record.PointsAfter = static_cast<std::uint8_t>(points[1]);

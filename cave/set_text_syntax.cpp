@@ -128,7 +128,7 @@ std::string SetSyntax::Text(const Entry& entry) const {
 
 std::string SetSyntax::ShortText(const Entry& entry) const {
   std::string text = Text(entry);
-  if (text.size() > kLargestNumber) {
+  if (text.size() > kLargestSmallNumber) {
     Fail(entry.line(), "\"" + entry.key + "\" has " + std::to_string(text.size()) + " characters; 190 are possible.");
   }
   return text;

@@ -38,7 +38,8 @@ class TextWriter {
 
 /// The two halves of a line that starts with the very length of the first one.
 bool SplitExactly(const std::string& line, std::string& first, std::string& rest) {
-  return SplitByLength(line, first, rest) && first.size() + kNumberBase == static_cast<unsigned char>(line.front());
+  return SplitByLength(line, first, rest) &&
+         first.size() + kSmallNumberBase == static_cast<unsigned char>(line.front());
 }
 
 bool WriteTitle(TextWriter& writer, const std::string& line) {
