@@ -121,6 +121,7 @@ class Hra {
   std::array<HeroRecord, 10> Heroes{};         // index 0 is unused
 
   bool PlayingReplay = false;  // lines come from readReplayLine instead of keys
+  bool StrictReplay = false;   // a replay's numbers have to lie in the range that the rules ask for
   bool TestPlay = false;       // started from the cave editor
   bool Won = false;            // the hero has entered the exit
   WinSum Sum;                  // what the cave is worth, set when it is won; the tick runs on behind it
@@ -204,6 +205,7 @@ class Hra {
   void AddCandidate(int x, int y);
   void GrowWall(int x, int y, std::uint16_t tile, int dx, int dy);
   void GrowAmoeba();
+  void CheckInput(int keyMove, int keyAction, int hero) const;
   void ReadInput();
   void CheckHeroes();
   void MoveOrIdle();

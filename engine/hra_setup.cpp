@@ -245,13 +245,17 @@ void Hra::PZvukTime(int seconds) {
 int Hra::Nahoda(int range) {
   constexpr int kNumberBase = 65;
   constexpr int kLargest = 190;  // 190 + 65 is the last character
-  if (PlayingReplay) {
-    if (ReplayLine.empty()) throw Fault("The replay's line ends before the numbers that its tick draws.");
-    const int number = static_cast<unsigned char>(ReplayLine.front()) - kNumberBase;
-    ReplayLine.erase(0, 1);
+  const int numbers = range > kLargest ? kLargest : range;
+  if (!PlayingReplay) {
+    const int number = static_cast<int>(random.Next() * numbers) + 1;
+    RecordBuffer += static_cast<char>(number + kNumberBase);
     return number;
   }
-  const int number = static_cast<int>(random.Next() * (range > kLargest ? kLargest : range)) + 1;
-  RecordBuffer += static_cast<char>(number + kNumberBase);
+  if (ReplayLine.empty()) throw Fault("The line ends before the numbers that its tick draws.");
+  const int number = static_cast<unsigned char>(ReplayLine.front()) - kNumberBase;
+  ReplayLine.erase(0, 1);
+  if (StrictReplay && (number < 1 || (number > numbers && number > 1))) {
+    throw Fault("The line draws the number " + std::to_string(number) + " out of " + std::to_string(numbers) + ".");
+  }
   return number;
 }

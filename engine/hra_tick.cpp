@@ -185,16 +185,24 @@ void Hra::GrowAmoeba() {
   PREKR(place.x, place.y);
 }
 
+/// What no game records can only come from a damaged file.
+void Hra::CheckInput(int keyMove, int keyAction, int hero) const {
+  if (keyMove != 0 && !IsDirection(keyMove)) throw Fault("The line holds a key that does not exist.");
+  if (keyAction != 0 && keyAction != 1) throw Fault("The line holds an action that does not exist.");
+  if (hero < 0 || hero > std::max(HeroCount, 1)) throw Fault("The line holds a hero who is not in the cave.");
+}
+
 void Hra::ReadInput() {
   if (!PlayingReplay) {
     Klavesy();
     return;
   }
-  if (ReplayLine.size() < 3) throw Fault("The replay's line ends before the keys of its tick.");
+  if (ReplayLine.size() < 3) throw Fault("The line ends before the keys of its tick.");
   const auto number = [this](std::size_t i) { return static_cast<unsigned char>(ReplayLine[i]) - kNumberBase; };
+  const int hero = number(2);
+  CheckInput(number(0), number(1), hero);
   KeyMove = number(0);
   KeyAction = number(1);
-  const int hero = number(2);
   ReplayLine.erase(0, 3);
   if (hero != CurrentHero) ZmenitPsa(hero * 10);
 }

@@ -1,0 +1,255 @@
+// Plays record files without a screen and tells whether they are won with the score that they claim.
+
+#include <unistd.h>
+
+#include <atomic>
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+#include <mutex>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "base/fault.h"
+#include "base/files.h"
+#include "engine/replay.h"
+
+namespace {
+
+constexpr const char* kUsage =
+    "usage: zbrcheck [--strict] [--json] FILE...\n"
+    "       zbrcheck [--strict] --trace [--dump] FILE\n"
+    "\n"
+    "Plays record files (.zbr; folders are walked) and prints a verdict on each:\n"
+    "  FILE: won SCORE                        the record is good\n"
+    "  FILE: won SCORE, record says SCORE2    the score in the file is another\n"
+    "  FILE: not won                          the recording ends before the exit\n"
+    "  FILE: damaged: REASON                  it cannot be played\n"
+    "\n"
+    "  --strict  numbers outside the range that the rules ask for, and rests of lines that\n"
+    "            are no notes, are damage\n"
+    "  --json    one JSON object a file\n"
+    "  --trace   a line after each tick of one file\n"
+    "  --dump    the cave as text after each line of the trace\n"
+    "\n"
+    "Exit status: 0 all records are good, 1 one is not, 2 wrong usage.\n";
+
+struct Options {
+  bool strict = false;
+  bool json = false;
+  bool trace = false;
+  bool dump = false;
+  std::vector<std::string> files;
+};
+
+struct Verdict {
+  enum class Kind { kWon, kOtherScore, kNotWon, kDamaged } kind = Kind::kDamaged;
+  int score = 0;
+  int recordedScore = 0;
+  int ticks = 0;
+  std::string reason;
+
+  bool good() const { return kind == Kind::kWon; }
+};
+
+[[noreturn]] void WrongUsage(const std::string& what) {
+  std::cerr << "zbrcheck: " << what << "\n" << kUsage;
+  std::exit(2);
+}
+
+Options ReadArguments(int argc, char** argv) {
+  Options options;
+  for (int i = 1; i < argc; ++i) {
+    const std::string argument = argv[i];
+    if (argument == "--help") {
+      std::cout << kUsage;
+      std::exit(0);
+    } else if (argument == "--strict") {
+      options.strict = true;
+    } else if (argument == "--json") {
+      options.json = true;
+    } else if (argument == "--trace") {
+      options.trace = true;
+    } else if (argument == "--dump") {
+      options.dump = true;
+    } else if (argument.size() > 1 && argument[0] == '-') {
+      WrongUsage("unknown option " + argument);
+    } else {
+      options.files.push_back(argument);
+    }
+  }
+  if (options.files.empty()) WrongUsage("no file given");
+  if (options.trace && (options.files.size() != 1 || options.json)) WrongUsage("--trace takes one file and no --json");
+  if (options.dump && !options.trace) WrongUsage("--dump goes with --trace");
+  return options;
+}
+
+/// The record files among the arguments and in the folders among them, each folder in order of its names.
+std::vector<std::string> FilesToCheck(const std::vector<std::string>& arguments) {
+  namespace fs = std::filesystem;
+  std::vector<std::string> files;
+  for (const std::string& argument : arguments) {
+    if (!fs::is_directory(argument)) {
+      files.push_back(argument);
+      continue;
+    }
+    std::vector<std::string> inside;
+    for (const auto& entry : fs::recursive_directory_iterator(argument)) {
+      const std::string extension = entry.path().extension().string();
+      if (entry.is_regular_file() && (extension == ".zbr" || extension == ".ZBR"))
+        inside.push_back(entry.path().string());
+    }
+    std::sort(inside.begin(), inside.end());
+    files.insert(files.end(), inside.begin(), inside.end());
+  }
+  return files;
+}
+
+Verdict Check(const std::string& file, bool strict) {
+  Verdict verdict;
+  try {
+    const Recording recording = ReadRecording(ReadFile(file));
+    Replay replay(recording, strict);
+    while (replay.Tick()) {
+    }
+    verdict.ticks = replay.ticks();
+    verdict.score = replay.Score();
+    verdict.recordedScore = recording.score;
+    verdict.kind = !replay.won()                            ? Verdict::Kind::kNotWon
+                   : verdict.score == verdict.recordedScore ? Verdict::Kind::kWon
+                                                            : Verdict::Kind::kOtherScore;
+  } catch (const std::exception& fault) {
+    verdict.reason = fault.what();
+  }
+  return verdict;
+}
+
+std::string Plain(const std::string& file, const Verdict& verdict) {
+  std::string text = file + ": ";
+  switch (verdict.kind) {
+    case Verdict::Kind::kWon:
+      return text + "won " + std::to_string(verdict.score);
+    case Verdict::Kind::kOtherScore:
+      return text + "won " + std::to_string(verdict.score) + ", record says " + std::to_string(verdict.recordedScore);
+    case Verdict::Kind::kNotWon:
+      return text + "not won";
+    case Verdict::Kind::kDamaged:
+      break;
+  }
+  return text + "damaged: " + verdict.reason;
+}
+
+std::string JsonString(const std::string& text) {
+  std::string quoted = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') {
+      quoted += '\\';
+      quoted += c;
+    } else if (static_cast<unsigned char>(c) < 0x20) {
+      char code[8];
+      std::snprintf(code, sizeof code, "\\u%04x", c);
+      quoted += code;
+    } else {
+      quoted += c;
+    }
+  }
+  return quoted + "\"";
+}
+
+std::string Json(const std::string& file, const Verdict& verdict) {
+  static constexpr const char* kNames[] = {"won", "other score", "not won", "damaged"};
+  std::ostringstream text;
+  text << "{\"file\": " << JsonString(file) << ", \"verdict\": \"" << kNames[static_cast<int>(verdict.kind)] << "\"";
+  if (verdict.kind == Verdict::Kind::kDamaged) {
+    text << ", \"reason\": " << JsonString(verdict.reason);
+  } else {
+    text << ", \"ticks\": " << verdict.ticks << ", \"recorded score\": " << verdict.recordedScore;
+    if (verdict.kind != Verdict::Kind::kNotWon) text << ", \"score\": " << verdict.score;
+  }
+  text << "}";
+  return text.str();
+}
+
+/// Plays the files on all cores. Progress is shown on a terminal.
+std::vector<Verdict> CheckAll(const std::vector<std::string>& files, bool strict) {
+  std::vector<Verdict> verdicts(files.size());
+  std::atomic<std::size_t> next = 0;
+  std::atomic<std::size_t> done = 0;
+  const bool terminal = isatty(STDERR_FILENO) != 0 && files.size() > 1;
+  std::mutex screen;
+  const auto work = [&] {
+    for (std::size_t i = next++; i < files.size(); i = next++) {
+      verdicts[i] = Check(files[i], strict);
+      const std::size_t count = ++done;
+      if (terminal && (count % 16 == 0 || count == files.size())) {
+        const std::lock_guard lock(screen);
+        std::fprintf(stderr, "\r%zu of %zu", count, files.size());
+      }
+    }
+  };
+  std::vector<std::jthread> workers;
+  const std::size_t cores = std::max(1u, std::thread::hardware_concurrency());
+  for (std::size_t i = 1; i < std::min(cores, files.size()); ++i) workers.emplace_back(work);
+  work();
+  workers.clear();
+  if (terminal) std::fprintf(stderr, "\r\033[K");
+  return verdicts;
+}
+
+int PrintVerdicts(const Options& options) {
+  const std::vector<std::string> files = FilesToCheck(options.files);
+  const std::vector<Verdict> verdicts = CheckAll(files, options.strict);
+  std::size_t good = 0;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    good += verdicts[i].good() ? 1 : 0;
+    std::cout << (options.json ? Json(files[i], verdicts[i]) : Plain(files[i], verdicts[i])) << "\n";
+  }
+  if (files.size() != 1 && !options.json) {
+    std::cout << good << " of " << files.size() << " records are good\n";
+  }
+  return good == files.size() ? 0 : 1;
+}
+
+void PrintTraceLine(int tick, const Hra& game) {
+  std::string alive;
+  for (int i = 1; i <= game.HeroCount; ++i) {
+    if (game.Heroes[static_cast<std::size_t>(i)].alive != 0) alive += (alive.empty() ? "" : ",") + std::to_string(i);
+  }
+  const HeroRecord& hero = game.Heroes[static_cast<std::size_t>(game.CurrentHero)];
+  std::printf(
+      "tick=%d cells=%08x score=%d collected=%d exit=%d magic=%d amoeba=%d hero=%d at=%d,%d alive=%s locked=%d "
+      "left=%d\n",
+      tick, CellsCrc(game), game.Score, game.Collected, game.ExitOpen ? 1 : 0, game.MagicState, game.AmoebaMode,
+      game.CurrentHero, hero.x, hero.y, alive.empty() ? "-" : alive.c_str(), game.HeroLocked ? 1 : 0, game.lblCas);
+}
+
+int PrintTrace(const Options& options) {
+  const std::string& file = options.files.front();
+  try {
+    const Recording recording = ReadRecording(ReadFile(file));
+    Replay replay(recording, options.strict);
+    while (replay.Tick()) {
+      PrintTraceLine(replay.ticks(), replay.game());
+      if (options.dump) std::fputs(replay.game().Picture().c_str(), stdout);
+    }
+    if (!replay.won()) {
+      std::puts("not won");
+      return 1;
+    }
+    std::printf("won %d\n", replay.Score());
+    return replay.Score() == recording.score ? 0 : 1;
+  } catch (const std::exception& fault) {
+    std::fflush(stdout);
+    std::cerr << file << ": damaged: " << fault.what() << "\n";
+    return 1;
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const Options options = ReadArguments(argc, argv);
+  return options.trace ? PrintTrace(options) : PrintVerdicts(options);
+}
