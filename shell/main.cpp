@@ -4,10 +4,14 @@
 #include <memory>
 #include <string>
 
+#include "base/code_page.h"
+#include "base/folders.h"
 #include "base/language.h"
 #include "campaign/frm_settings.h"
 #include "cave/cave_text.h"
+#include "cave/set_file.h"
 #include "platform/application.h"
+#include "view/form_analyze.h"
 #include "view/form_hra.h"
 
 namespace {
@@ -18,7 +22,8 @@ std::string ProgramFolder() { return std::filesystem::read_symlink("/proc/self/e
 /// The forms, and what each does for the others.
 class Program {
  public:
-  explicit Program(std::string folder) : folder_(std::move(folder)), hra_(folder_, settings_) {
+  explicit Program(std::string folder) : folder_(std::move(folder)), analyze_(folder_), hra_(folder_, settings_) {
+    hra_.frmAnalyze = &analyze_;
     settings_.SetSett();
     settings_.settingsTaken = [this] { TakeSpeed(); };
     hra_.showSettings = [this] {
@@ -34,13 +39,18 @@ class Program {
     OnSetLW([this] {
       hra_.SetLW();
       settings_.SetLW();
+      analyze_.SetLW();
     });
   }
 
   void Start() {
     NactiJazyk(folder_ + "/cestina.zbl");
     hra_.SetFile = folder_ + "/Komnaty/Komnaty.zb";
+    hra_.SetName = ReadSetName(hra_.SetFile);
     hra_.PlayerName = HeroName;
+    CestaKomnaty = folder_ + "/Komnaty/";
+    CestaHraci = folder_ + "/Hráči";
+    std::filesystem::create_directories(CestaHraci + "/" + ToUtf8(hra_.PlayerName, CodePage::k1250));
     hra_.OpenCave(cave_);
     hra_.Show();
   }
@@ -60,6 +70,7 @@ class Program {
   std::string folder_;
   int cave_ = 1;
   FrmSettings settings_;
+  FormAnalyze analyze_;
   FormHra hra_;
 };
 

@@ -7,13 +7,20 @@
 #include <cmath>
 #include <cstdio>
 
+#include "base/code_page.h"
+#include "base/fault.h"
+#include "base/files.h"
+#include "base/folders.h"
 #include "base/lang_str.h"
 #include "base/language.h"
 #include "cave/cave_text.h"
+#include "cave/names.h"
+#include "engine/recording.h"
 #include "platform/application.h"
 #include "platform/keys.h"
 #include "platform/message_box.h"
 #include "view/colours.h"
+#include "view/form_analyze.h"
 
 namespace {
 
@@ -76,7 +83,8 @@ void FormHra::MakeHooks() {
   hooks_.stopTimer = [this] { tmrHra.Stop(); };
   hooks_.pause = [this] { ShowBox(LangStr[97], HeroName); };
   hooks_.idlePause = [this] { ShowBox(LangStr[100], LangStr[98]); };
-  hooks_.won = [this] { wonInThisTick_ = true; };
+  hooks_.readReplayLine = [this](std::string& line) { return ReadReplayLine(line); };
+  hooks_.won = [this] { WinGame(); };
   hooks_.restart = [this] { Command3_Click(); };
 }
 
@@ -113,7 +121,12 @@ void FormHra::Command3_Click() { RestartGame_Click(); }
 
 void FormHra::RestartGame_Click() {
   game.RecordBuffer.clear();
-  if (restartCave) restartCave();
+  if (!game.PlayingReplay) {
+    if (restartCave) restartCave();
+    return;
+  }
+  game.Score = 0;
+  Replay();
 }
 
 void FormHra::Command4_Click() {
@@ -148,11 +161,17 @@ void FormHra::Form_Resize() {
 
 // A win may set up the next cave, so it is told only when the tick has run to its end.
 void FormHra::tmrHra_Timer() {
-  game.tmrHra_Timer();
+  try {
+    game.tmrHra_Timer();
+  } catch (const Fault& fault) {
+    if (!game.PlayingReplay) throw;
+    ReplayFailed("line " + std::to_string(replayNext_ + kFirstTickLine - 1) + ": " + fault.what());
+    return;
+  }
   ShowHint();
   if (!wonInThisTick_) return;
   wonInThisTick_ = false;
-  if (caveWon) caveWon();
+  if (!game.PlayingReplay && !game.TestPlay && caveWon) caveWon();
 }
 
 void FormHra::KeyDown(platform::KeyEvent& event) {
@@ -294,4 +313,87 @@ void FormHra::ShowHint() {
                      (game.lblCas == 0 || std::none_of(game.Heroes.begin(), game.Heroes.end(),
                                                        [](const HeroRecord& hero) { return hero.alive != 0; }));
   if (Picture8.visible() != stuck) Picture8.set_visible(stuck);
+}
+
+// --- Winning, recording, replay --------------------
+
+// The screen with the score is modal: the tick stands still in its middle until it is closed, and runs on to its end
+// then.
+void FormHra::WinGame() {
+  replayLines_.clear();
+  wonInThisTick_ = true;
+  const bool bonus = JeBonus(lblName.caption());
+  SaveRecord(game.Sum.Score() + (bonus ? kBonusPoints : 0));
+  if (frmAnalyze == nullptr) return;
+  frmAnalyze->ShowSum(game.Sum, bonus);
+  if (!game.PlayingReplay && !game.TestPlay) frmAnalyze->NastavCas(3);
+  frmAnalyze->ShowModal();
+}
+
+std::string FormHra::RecordPath() const {
+  const std::string name = CistyNazev(SetName + " - " + CaveName);
+  return CestaHraci + "/" + ToUtf8(PlayerName, CodePage::k1250) + "/" + ToUtf8(name, CodePage::k1250) + ".zbr";
+}
+
+// A record that cannot be written is not given up: the player can make room and try again. The old one stands
+// meanwhile.
+void FormHra::SaveRecord(int score) {
+  if (game.chkRec != 1) return;
+  tmrHra.Stop();
+  game.ProjedKlv();
+  for (;;) {
+    try {
+      WriteFile(RecordPath(), RecordText(SetName, score, PlayerName, game.RecordBuffer));
+      return;
+    } catch (const Fault& fault) {
+      const std::string text = FromUtf8(fault.message() + "\n\nTry again?", CodePage::k1250);
+      const auto answer =
+          platform::ShowMessageBox({text, caption(), platform::BoxButtons::kYesNo, platform::BoxIcon::kExclamation});
+      if (answer != platform::BoxAnswer::kYes) return;
+    }
+  }
+}
+
+void FormHra::Replay() {
+  try {
+    StartReplay();
+  } catch (const Fault& fault) {
+    ReplayFailed(fault.what());
+  }
+}
+
+void FormHra::StartReplay() {
+  Recording recording = ReadRecording(ReadFile(CurrentFile));
+  Label5.set_caption(recording.setName);
+  KOMNATA.surface().Reset(KOMNATA.width(), KOMNATA.height(), platform::Application::PixelRatio());
+  Picture6.set_visible(false);
+  if (recording.player != PlayerName) {
+    platform::ShowMessageBox({LangStr[107] + "\r\n  " + recording.player, LangStr[106], platform::BoxButtons::kOk,
+                              platform::BoxIcon::kExclamation});
+  }
+  game.Score = 0;
+  SetName = recording.setName;
+  game.PlayingReplay = true;
+  replayLines_ = std::move(recording.ticks);
+  replayNext_ = 0;
+  PaintCave(recording.caveText);
+  tmrHra.set_interval((settings_.RychlostZ - 1) * 20 + 1);
+  Image2.set_visible(true);
+  Command1_Click();
+}
+
+bool FormHra::ReadReplayLine(std::string& line) {
+  if (replayNext_ >= replayLines_.size()) {
+    if (!game.Won) throw Fault("The record ends before the exit is reached.");
+    return false;
+  }
+  line = replayLines_[replayNext_++];
+  return true;
+}
+
+void FormHra::ReplayFailed(const std::string& what) {
+  tmrHra.Stop();
+  const std::string text = FromUtf8(Fault(what, CurrentFile).message(), CodePage::k1250);
+  platform::ShowMessageBox({text, caption(), platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
+  EndGame_Click();
 }

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "base/settings.h"
 #include "engine/hra.h"
@@ -12,6 +13,8 @@
 #include "platform/timer.h"
 #include "view/cave_painter.h"
 #include "view/tile_pictures.h"
+
+class FormAnalyze;
 
 /// The window of a running cave. It owns the game and carries out what the game asks of its surroundings. One instance
 /// lives to the end of the program; other forms call its procedures and read its fields.
@@ -33,6 +36,10 @@ class FormHra : public platform::Form {
   void Command4_Click();  // settings
   void RestartGame_Click();
   void EndGame_Click();
+  /// Plays the record in CurrentFile. A file that cannot be played is told in a box, and the game is left.
+  void Replay();
+  /// Writes the record of the cave just won, unless it was not to be recorded. score: with the points of a bonus cave.
+  void SaveRecord(int score);
   void Form_Resize();
   bool Form_QueryUnload();
   void tmrHra_Timer();
@@ -48,6 +55,7 @@ class FormHra : public platform::Form {
 
   Hra game;
   std::string SetFile = "/";  // path of the set being played; "/" means none
+  std::string CurrentFile;    // path of the record that Replay plays
   std::string SetName;        // in the code page of the texts, as are the next two
   std::string PlayerName;
   std::string CaveName;
@@ -56,7 +64,8 @@ class FormHra : public platform::Form {
 
   // What the rest of the program does for the game; set by whoever shows the form.
   std::function<void()> restartCave;   // start the cave again
-  std::function<void()> caveWon;       // called when the tick that won has run to its end
+  std::function<void()> caveWon;       // neither in a replay nor in a test play; the tick that won has run to its end
+  FormAnalyze* frmAnalyze = nullptr;   // shows the score; absent: it is not shown
   std::function<void()> leave;         // the game was ended: show what comes next
   std::function<void()> showSettings;  // modal
 
@@ -125,6 +134,11 @@ class FormHra : public platform::Form {
   void Flash();
   void ShowBox(const std::string& text, const std::string& title);
   void KeyDown(platform::KeyEvent& event);
+  void WinGame();
+  std::string RecordPath() const;
+  void StartReplay();
+  bool ReadReplayLine(std::string& line);
+  void ReplayFailed(const std::string& what);
 
   std::string folder_;
   const Settings& settings_;
@@ -135,6 +149,8 @@ class FormHra : public platform::Form {
   double left_ = 0;  // of the surface in Ram, logical pixels
   double top_ = 0;
   std::array<int, 5> scrollAge_{};  // ticks for which an arrow key has been held in free scrolling
+  std::vector<std::string> replayLines_;
+  std::size_t replayNext_ = 0;
   bool wonInThisTick_ = false;
   bool stoppedByMinimise_ = false;
 };

@@ -1,0 +1,5 @@
+#include "base/folders.h"
+
+std::string CestaKomnaty;
+std::string CestaZaznamy;
+std::string CestaHraci;
