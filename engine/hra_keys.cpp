@@ -1,9 +1,9 @@
 // Keys, joystick and the choice of the hero.
 
+#include "cave/cave_text.h"
 #include "engine/hra.h"
 
 namespace {
-constexpr int kNumberBase = 65;
 constexpr int kArrowBase = 36;  // direction 1..4 (left, up, right, down) + 36 is the virtual key
 }  // namespace
 

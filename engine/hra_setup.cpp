@@ -243,9 +243,7 @@ void Hra::PZvukTime(int seconds) {
 
 // One source of random numbers for all rules: fresh ones are written down, a replay reads them back whatever the range.
 int Hra::Nahoda(int range) {
-  constexpr int kNumberBase = 65;
-  constexpr int kLargest = 190;  // 190 + 65 is the last character
-  const int numbers = range > kLargest ? kLargest : range;
+  const int numbers = range > kLargestNumber ? kLargestNumber : range;
   if (!PlayingReplay) {
     const int number = static_cast<int>(random.Next() * numbers) + 1;
     RecordBuffer += static_cast<char>(number + kNumberBase);

@@ -6,12 +6,12 @@
 
 #include "base/fault.h"
 #include "base/lang_str.h"
+#include "cave/cave_text.h"
 #include "cave/scramble.h"
 #include "engine/hra.h"
 
 namespace {
 
-constexpr int kNumberBase = 65;
 
 bool IsDirection(int virtualKey) { return virtualKey >= key::kLeft && virtualKey <= key::kDown; }
 
