@@ -1,6 +1,7 @@
 #include "platform/application.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QScreen>
 #include <QThread>
@@ -154,5 +155,9 @@ int Application::PixelRatio() { return static_cast<int>(std::ceil(qApp->devicePi
 Charset Application::default_charset() { return State().charset; }
 void Application::set_default_charset(Charset charset) { State().charset = charset; }
 const Theme& Application::theme() { return State().theme; }
+
+void Application::set_icon(const Picture& picture) {
+  QApplication::setWindowIcon(QIcon(QPixmap::fromImage(Native::Image(picture))));
+}
 
 }  // namespace platform

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/control.h"
+#include "platform/picture.h"
 #include "platform/theme.h"
 
 namespace platform {
@@ -41,6 +42,9 @@ class Application {
   static void set_default_charset(Charset charset);
 
   static const Theme& theme();
+
+  /// The icon of all windows that have none of their own.
+  static void set_icon(const Picture& picture);
 
  private:
   struct Desktop;

@@ -25,6 +25,7 @@
 namespace {
 
 constexpr int kStripStep = 25;  // logical pixels of a hero in the strip
+constexpr platform::Colour kLampOut = platform::Rgb(0x2A1010);
 
 platform::Colour ScreenColour(std::uint32_t bbggrr) {
   return {static_cast<std::uint8_t>(bbggrr & 0xFF), static_cast<std::uint8_t>(bbggrr >> 8 & 0xFF),
@@ -70,9 +71,7 @@ void FormHra::MakeHooks() {
   hooks_.scrollFreely = [this] { ScrollFreely(); };
   hooks_.showMessage = [this](const std::string& text, std::uint32_t colour) { ShowMessage(text, colour); };
   hooks_.flash = [this] { Flash(); };
-  hooks_.pulse = [this](std::uint32_t colour) {
-    Picture7.surface().Fill({0, 0, Picture7.width(), Picture7.height()}, ScreenColour(colour));
-  };
+  hooks_.pulse = [this](std::uint32_t colour) { Picture7.set_back_colour(ScreenColour(colour)); };
   hooks_.tickDone = [this] { ShowCounters(); };
   hooks_.keyHeld = [](int virtualKey) { return platform::Held(virtualKey); };
   hooks_.dropKeys = [] {
@@ -80,7 +79,7 @@ void FormHra::MakeHooks() {
   };
   hooks_.clock = ClockOfTheDay;
   hooks_.startTimer = [this] { tmrHra.Start(); };
-  hooks_.stopTimer = [this] { tmrHra.Stop(); };
+  hooks_.stopTimer = [this] { StopTick(); };
   hooks_.pause = [this] { ShowBox(LangStr[97], HeroName); };
   hooks_.idlePause = [this] { ShowBox(LangStr[100], LangStr[98]); };
   hooks_.readReplayLine = [this](std::string& line) { return ReadReplayLine(line); };
@@ -102,8 +101,11 @@ void FormHra::PaintCave(const std::string& caveText) {
   if (caveText.empty()) Hide();
   game.PaintCave(caveText);
   chkRec.set_value(game.chkRec);
-  chkRec.set_enabled(!game.PlayingReplay && !game.TestPlay);
+  chkRec.set_enabled(!game.TestPlay);
+  chkRec.set_visible(!game.PlayingReplay);
   Image2.set_visible(game.PlayingReplay);
+  Label5.set_visible(game.PlayingReplay);
+  Picture7.set_back_colour(kLampOut);
   ShowCounters();
   game.ZornéPole();
   PlaceStartPanel();
@@ -120,6 +122,7 @@ void FormHra::Command1_Click() {
 void FormHra::Command3_Click() { RestartGame_Click(); }
 
 void FormHra::RestartGame_Click() {
+  restartAsked_ = false;
   game.RecordBuffer.clear();
   if (!game.PlayingReplay) {
     if (restartCave) restartCave();
@@ -137,10 +140,17 @@ void FormHra::Command4_Click() {
 }
 
 void FormHra::EndGame_Click() {
-  tmrHra.Stop();
+  StopTick();
   tmrSeconds.Stop();
   Hide();
   if (leave) leave();
+}
+
+/// Stops the tick for good: a window that comes back from its icon does not start it again.
+void FormHra::StopTick() {
+  tmrHra.Stop();
+  stoppedByMinimise_ = false;
+  restartAsked_ = false;
 }
 
 bool FormHra::Form_QueryUnload() {
@@ -169,6 +179,7 @@ void FormHra::tmrHra_Timer() {
     return;
   }
   ShowHint();
+  if (restartAsked_ && !wonInThisTick_) Command3_Click();
   if (!wonInThisTick_) return;
   wonInThisTick_ = false;
   if (!game.PlayingReplay && !game.TestPlay && caveWon) caveWon();
@@ -186,6 +197,10 @@ void FormHra::KeyDown(platform::KeyEvent& event) {
     case platform::kF1 + 9:
       Command4_Click();
       break;
+    case key::kR:
+      // The tick sees the two keys only while they are held. A chord struck and let go between two ticks counts, too.
+      restartAsked_ = restartAsked_ || (tmrHra.enabled() && (event.shift & platform::kCtrl) != 0);
+      break;
     default:
       break;
   }
@@ -196,6 +211,7 @@ void FormHra::KeyDown(platform::KeyEvent& event) {
 void FormHra::ReadCave(const CaveRecord& record) {
   CaveName = record.Name;
   lblName.set_caption(record.Name);
+  FitName();
   lblStart.set_caption(record.Name);
   lblDescr.set_caption(record.Description);
   const CaveMode mode = game.PlayingReplay ? CaveMode::kReplay : game.TestPlay ? CaveMode::kTestPlay : CaveMode::kPlay;

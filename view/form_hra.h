@@ -102,8 +102,9 @@ class FormHra : public platform::Form {
   platform::Frame Picture6{&Frame1};  // the message of the moment
   platform::Shape shpO7{&Picture6, platform::ShapeKind::kRounded};
   platform::Label Message1{&Picture6};
-  platform::PictureBox Psi{&Frame1};       // one small dog for each hero
-  platform::PictureBox Picture7{&Frame1};  // the light that pulses while the game runs
+  platform::PictureBox Psi{&Frame1};                              // one small dog for each hero
+  platform::Shape Picture7{&Frame1, platform::ShapeKind::kOval};  // the light that pulses while the game runs
+  platform::Image imgLamp{&Frame1};                               // its ring and glass
   platform::CheckBox chkRec{&Frame1};
   platform::Image Image2{&Frame1};  // a replay is running
   platform::Label Label5{&Frame1};  // of this set
@@ -117,8 +118,9 @@ class FormHra : public platform::Form {
  private:
   void MakeHooks();
   void MakeControls();
-  void LoadPictures();
+  void LoadPictures(int iconSize);
   void PlaceCounters();
+  void FitName();
   void PlaceFooter();
   void PlaceOverlays();
   void PlaceStartPanel();
@@ -133,6 +135,7 @@ class FormHra : public platform::Form {
   void ScrollFreely();
   void Flash();
   void ShowBox(const std::string& text, const std::string& title);
+  void StopTick();
   void KeyDown(platform::KeyEvent& event);
   void WinGame();
   std::string RecordPath() const;
@@ -153,4 +156,5 @@ class FormHra : public platform::Form {
   std::size_t replayNext_ = 0;
   bool wonInThisTick_ = false;
   bool stoppedByMinimise_ = false;
+  bool restartAsked_ = false;  // Ctrl+R went down since the last tick
 };

@@ -145,6 +145,7 @@ inline constexpr Extra kIconGem = {"icon_gem.svg", 24, 24};        // gems gathe
 inline constexpr Extra kIconNeed = {"icon_need.svg", 24, 24};      // gems that open the exit
 inline constexpr Extra kIconPoints = {"icon_points.svg", 24, 24};  // points for a gem
 inline constexpr Extra kIconScore = {"icon_score.svg", 24, 24};    // points so far
+inline constexpr Extra kLamp = {"lamp.svg", 24, 24};               // ring and glass over a light of any colour
 inline constexpr Extra kStart = {"start.svg", 326, 326};           // the big disc of the start screen
 inline constexpr Extra kButton = {"button.svg", 152, 152};         // its round buttons, below a caption
 inline constexpr Extra kContest = {"contest.svg", 115, 70};        // its badge for the contests
@@ -159,9 +160,9 @@ inline constexpr Extra kFacingRight = {"facing_right.svg", 50, 50};
 inline constexpr Extra kFacingDown = {"facing_down.svg", 50, 50};
 inline constexpr Extra kMagicMark = {"magic_mark.svg", 50, 50};
 
-inline constexpr std::array<Extra, 20> kExtras = {kBlesk,      kBonus,      kReplay,      kIconClock,   kIconGem,
-                                                  kIconNeed,   kIconPoints, kIconScore,   kStart,       kButton,
-                                                  kContest,    kLogo,       kLogoEnglish, kLogoRussian, kApp,
-                                                  kFacingLeft, kFacingUp,   kFacingRight, kFacingDown,  kMagicMark};
+inline constexpr std::array<Extra, 21> kExtras = {
+    kBlesk,       kBonus, kReplay,     kIconClock, kIconGem,     kIconNeed,   kIconPoints,
+    kIconScore,   kLamp,  kStart,      kButton,    kContest,     kLogo,       kLogoEnglish,
+    kLogoRussian, kApp,   kFacingLeft, kFacingUp,  kFacingRight, kFacingDown, kMagicMark};
 
 }  // namespace picture
