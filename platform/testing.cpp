@@ -1,10 +1,17 @@
 #include "platform/testing.h"
 
+#include <sys/mman.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
+#include <algorithm>
 #include <utility>
 
 #include "platform/key_state.h"
@@ -58,8 +65,25 @@ void SendMouse(const Control& control, QEvent::Type type, int x, int y, Qt::Mous
 
 }  // namespace
 
-void UseOffscreen() {
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+void UseOffscreen(int width, int height) {
+  if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
+  const QByteArray scale = qgetenv("QT_SCALE_FACTOR");
+  const int ratio = std::max(scale.toInt(), 1);
+  const QJsonObject screen{{"name", "offscreen"},
+                           {"x", 0},
+                           {"y", 0},
+                           {"width", width * ratio},
+                           {"height", height * ratio},
+                           {"logicalDpi", 96},
+                           {"logicalBaseDpi", 96},
+                           {"dpr", 1}};
+  const QByteArray text = QJsonDocument(QJsonObject{{"screens", QJsonArray{screen}}}).toJson();
+  // The platform reads its screens from a file. One in memory leaves nothing behind, however the program ends.
+  const int file = memfd_create("screens", 0);
+  if (file < 0 || write(file, text.data(), static_cast<std::size_t>(text.size())) != text.size()) {
+    qFatal("cannot describe the offscreen screen");
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=/proc/self/fd/" + QByteArray::number(file));
 }
 
 void PressKey(int code, int shift, bool auto_repeat) { SendKey(QEvent::KeyPress, code, shift, auto_repeat); }

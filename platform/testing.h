@@ -10,9 +10,9 @@
 /// offscreen platform.
 namespace platform::user {
 
-/// Makes the offscreen platform the default one. Call before the Application is made; an environment that names a
-/// platform is left as it is.
-void UseOffscreen();
+/// Makes the offscreen platform the default one, with a screen of so many logical pixels. Call before the Application is
+/// made; an environment that names a platform is left as it is. QT_SCALE_FACTOR gives the screen more device pixels.
+void UseOffscreen(int width = 1280, int height = 800);
 
 /// Keys of the window that has the input, by virtual-key code; shift is the state to report.
 void PressKey(int code, int shift = 0, bool auto_repeat = false);
