@@ -143,6 +143,7 @@ void Control::set_tool_tip(const std::string& text) {
 }
 
 void Control::set_accessible_name(const std::string& name) {
+  accessible_name_ = name;
   widget_->setAccessibleName(ToGlyphs(name, Application::default_charset()));
 }
 

@@ -97,7 +97,7 @@ class Control {
   /// In the application's default charset, as is the accessible name.
   void set_tool_tip(const std::string& text);
   const std::string& tool_tip() const { return tool_tip_; }
-  /// What a screen reader says for a control without a caption.
+  /// What a screen reader says; without one it says the caption.
   void set_accessible_name(const std::string& name);
   void set_pointer(Pointer pointer);
 
@@ -125,6 +125,7 @@ class Control {
   Control(Container* parent, QWidget* widget);
 
   QWidget* widget() const { return widget_; }
+  const std::string& accessible_name() const { return accessible_name_; }
   /// Called after a change of font, charset or colours: take them over and paint anew.
   virtual void AppearanceChanged();
   /// True when Qt's widget does something with the mouse by itself and reports clicks, if it has any.
@@ -141,6 +142,7 @@ class Control {
   Font font_;
   Charset charset_;
   std::string tool_tip_;
+  std::string accessible_name_;
 };
 
 /// A control that holds others and clips them to its area.

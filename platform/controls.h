@@ -38,7 +38,7 @@ class Label : public Captioned {
   void set_middle(bool middle);
   /// Breaks lines at the label's width. Without it a text that is too long ends in an ellipsis.
   void set_word_wrap(bool wrap);
-  /// The label takes the size of its caption; with word wrap its height only.
+  /// The label takes the size of its caption; with word wrap its height only, at the width that it has then.
   void set_auto_size(bool auto_size);
   /// Height that the caption needs at the present width.
   int text_height() const;
@@ -160,7 +160,7 @@ class ScrollBar : public Control {
   void set_min(int min);
   void set_max(int max);
   void set_value(int value);
-  /// Steps of the arrows and of a click beside the grip.
+  /// Steps of the arrows and of a click beside the grip, 1 unless set. The grip is as long as the large step's share.
   void set_small_change(int step);
   void set_large_change(int step);
 

@@ -76,6 +76,7 @@ ScrollBar::ScrollBar(Container* parent, Orientation orientation)
   auto* bar = static_cast<QScrollBar*>(widget());
   bar->setFocusPolicy(Qt::StrongFocus);
   bar->setRange(0, 100);
+  bar->setPageStep(1);
   QObject::connect(bar, &QScrollBar::valueChanged, [this] {
     if (on_change) on_change();
   });

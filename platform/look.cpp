@@ -258,6 +258,8 @@ int Look::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWid
       return kBarWidth;
     case PM_ScrollBarSliderMin:
       return 24;
+    case PM_ToolTipLabelFrameWidth:
+      return 4;
     case PM_ButtonShiftHorizontal:
       return 0;
     case PM_ButtonShiftVertical:

@@ -1,6 +1,9 @@
 #include "platform/message_box.h"
 
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <algorithm>
 #include <utility>
 
 #include "platform/application.h"
@@ -54,6 +57,15 @@ BoxAnswer FromQt(int button) {
   }
 }
 
+/// A box is wide enough for its title, not only for its text.
+void WidenForTitle(QMessageBox& box) {
+  constexpr int kTitleButtons = 140;  // pixels that the desktop's icon and buttons take
+  const int width = std::max(240, QFontMetrics(box.font()).horizontalAdvance(box.windowTitle()) + kTitleButtons);
+  if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+  }
+}
+
 }  // namespace
 
 BoxAnswer ShowMessageBox(const MessageBox& box) {
@@ -67,6 +79,7 @@ BoxAnswer ShowMessageBox(const MessageBox& box) {
   window.setIcon(ToQt(box.icon));
   window.setStandardButtons(ToQt(box.buttons));
   window.setWindowModality(Qt::ApplicationModal);
+  WidenForTitle(window);
   return FromQt(window.exec());
 }
 

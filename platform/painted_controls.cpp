@@ -68,7 +68,7 @@ int Label::text_height() const {
 
 void Label::AppearanceChanged() {
   SetOpaque(*this, back_colour().has_value());
-  widget()->setAccessibleName(ToGlyphs(caption(), charset()));
+  if (accessible_name().empty()) widget()->setAccessibleName(ToGlyphs(caption(), charset()));
   if (auto_size_) Resize(word_wrap_ ? width() : text_width(), text_height());
   Control::AppearanceChanged();
 }

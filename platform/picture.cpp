@@ -42,9 +42,12 @@ Rect Intersection(const Rect& a, const Rect& b) {
 /// Copies whole pixels row by row; both rectangles lie inside their images.
 void CopyRows(const QImage& from, const QRect& source, QImage& to, QPoint target) {
   const std::size_t bytes = static_cast<std::size_t>(source.width()) * sizeof(QRgb);
+  const uchar* read = from.constBits() + source.y() * from.bytesPerLine() + source.x() * sizeof(QRgb);
+  uchar* write = to.bits() + target.y() * to.bytesPerLine() + target.x() * sizeof(QRgb);
   for (int row = 0; row < source.height(); ++row) {
-    std::memcpy(to.scanLine(target.y() + row) + target.x() * sizeof(QRgb),
-                from.constScanLine(source.y() + row) + source.x() * sizeof(QRgb), bytes);
+    std::memcpy(write, read, bytes);
+    read += from.bytesPerLine();
+    write += to.bytesPerLine();
   }
 }
 

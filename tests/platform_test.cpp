@@ -416,6 +416,23 @@ TEST(FormTest, VisibleIsTheControlsOwnFlag) {
   EXPECT_FALSE(label.visible());
 }
 
+TEST(FormTest, PaintingAtOnceTakesNoInputAndStopsTimers) {
+  ShownForm form;
+  int ticks = 0;
+  Timer timer(1, [&] { ++ticks; });
+  timer.Start();
+  Form loading(Border::kNone, 200, 100);
+  user::PaintedPixels();
+  loading.ShowNow();
+  const long long pixels = 200LL * 100 * Application::PixelRatio() * Application::PixelRatio();
+  EXPECT_GE(user::PaintedPixels(), pixels);
+  Shape flash(&loading);
+  flash.SetBounds(0, 0, 200, 100);
+  Application::PaintAndSleep(5);
+  EXPECT_GE(user::PaintedPixels(), pixels) << "the flash is on the screen before anything else happens";
+  EXPECT_EQ(ticks, 0);
+}
+
 // ------------------------------------------------------------------------------------------------------------ Text
 
 TEST(TextTest, BytesBecomeGlyphsByCharset) {
@@ -609,6 +626,24 @@ TEST_P(SurfaceTest, SeeThroughPicturesAndOtherRatios) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Ratios, SurfaceTest, ::testing::Values(1, 2));
+
+TEST(PictureBoxTest, PicturesReachTheScreenPixelByPixel) {
+  ShownForm form;
+  const Picture tile = Quarters(Application::PixelRatio());
+  PictureBox box(&form);
+  box.surface().Reset(8, 8, Application::PixelRatio());
+  box.surface().Copy(tile, 0, 0);
+  box.SetBounds(11, 7, 8, 8);
+  Image image(&form, tile);
+  image.MoveTo(33, 5);
+  const Picture screen = user::Grab(form);
+  EXPECT_EQ(screen.ratio(), Application::PixelRatio());
+  EXPECT_EQ(screen.Part({11, 7, 8, 8}), tile);
+  EXPECT_EQ(screen.Part({33, 5, 8, 8}), tile);
+  image.set_stretch(true);
+  image.Resize(16, 4);
+  EXPECT_EQ(user::Grab(form).At(47, 5), kGreen);
+}
 
 TEST(PictureBoxTest, ScrollsAndRepaintsOnlyWhatChanged) {
   ShownForm form;
