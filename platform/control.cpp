@@ -160,8 +160,7 @@ bool Control::has_focus() const { return widget_->hasFocus(); }
 void Control::AppearanceChanged() { widget_->update(); }
 
 void ForEachControl(const Container& container, const std::function<void(Control&)>& visit) {
-  const std::vector<Control*> controls = container.controls();
-  for (Control* control : controls) {
+  for (Control* control : container.controls()) {
     visit(*control);
     if (const auto* inner = dynamic_cast<const Container*>(control)) ForEachControl(*inner, visit);
   }

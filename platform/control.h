@@ -159,7 +159,7 @@ class Container : public Control {
   std::vector<Control*> controls_;
 };
 
-/// Calls visit for every control inside the container, at any depth.
+/// Calls visit for every control inside the container, at any depth. visit makes and destroys none.
 void ForEachControl(const Container& container, const std::function<void(Control&)>& visit);
 
 }  // namespace platform

@@ -104,7 +104,7 @@ Form::Form(Border border, int width, int height) : Container(nullptr, new FormWi
                      ToQt(back_colour().value_or(Application::theme().background)));
   };
   AllForms().push_back(this);
-  Resize(width, height);
+  Form::Resize(width, height);
 }
 
 Form::~Form() { std::erase(AllForms(), this); }

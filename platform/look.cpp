@@ -222,8 +222,7 @@ void Look::drawPrimitive(PrimitiveElement element, const QStyleOption* option, Q
     case PE_IndicatorCheckBox:
       DrawCheckMark(*painter, *option);
       break;
-    case PE_FrameFocusRect:  // buttons and check boxes show the focus themselves
-      break;
+    case PE_FrameFocusRect:  // buttons and check boxes show focus and default themselves
     case PE_FrameDefaultButton:
       break;
     case PE_PanelTipLabel:

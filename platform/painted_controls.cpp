@@ -107,9 +107,8 @@ void Image::set_stretch(bool stretch) {
 void Image::Paint(QPainter& painter) const {
   if (back_colour()) painter.fillRect(QRect(0, 0, width(), height()), ToQt(*back_colour()));
   if (picture_.empty()) return;
-  if (width() == picture_.width() && height() == picture_.height()) {
-    DrawPixels(painter, Native::Image(picture_), picture_.ratio());
-  } else if (stretch_) {
+  const bool own_size = width() == picture_.width() && height() == picture_.height();
+  if (stretch_ && !own_size) {
     painter.drawImage(QRect(0, 0, width(), height()), Native::Image(picture_));
   } else {
     DrawPixels(painter, Native::Image(picture_), picture_.ratio());
