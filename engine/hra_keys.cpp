@@ -29,16 +29,16 @@ void Hra::Klavesy() {
     KeyQueued = 0;
   }
   if (stick != 0) KeyMove = kArrowBase + stick;
-  RecordBuffer += static_cast<char>(KeyMove + kNumberBase);
+  RecordBuffer += static_cast<char>(KeyMove + kSmallNumberBase);
   if (Held(key::kShift) || Held(key::kControl) || Held(key::kSpace)) KeyAction = 1;
-  RecordBuffer += static_cast<char>(KeyAction + kNumberBase);
+  RecordBuffer += static_cast<char>(KeyAction + kSmallNumberBase);
   if (Held(key::kTab) || buttons(2, 3)) ZmenitPsa(2 * KeyAction - 1);
   int number = 0;
   for (int n = 9; n >= 1; --n) {
     if (Held(key::kNumpad0 + n)) number = n;
   }
   if (number != 0) ZmenitPsa(number * 10);
-  RecordBuffer += static_cast<char>(CurrentHero + kNumberBase);
+  RecordBuffer += static_cast<char>(CurrentHero + kSmallNumberBase);
   if (Held(key::kP)) {
     ProjedKlv();
     if (hooks->pause) hooks->pause();

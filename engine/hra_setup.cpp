@@ -243,14 +243,14 @@ void Hra::PZvukTime(int seconds) {
 
 // One source of random numbers for all rules: fresh ones are written down, a replay reads them back whatever the range.
 int Hra::Nahoda(int range) {
-  const int numbers = range > kLargestNumber ? kLargestNumber : range;
+  const int numbers = range > kLargestSmallNumber ? kLargestSmallNumber : range;
   if (!PlayingReplay) {
     const int number = static_cast<int>(random.Next() * numbers) + 1;
-    RecordBuffer += static_cast<char>(number + kNumberBase);
+    RecordBuffer += static_cast<char>(number + kSmallNumberBase);
     return number;
   }
   if (ReplayLine.empty()) throw Fault("The line ends before the numbers that its tick draws.");
-  const int number = static_cast<unsigned char>(ReplayLine.front()) - kNumberBase;
+  const int number = static_cast<unsigned char>(ReplayLine.front()) - kSmallNumberBase;
   ReplayLine.erase(0, 1);
   if (StrictReplay && (number < 1 || (number > numbers && number > 1))) {
     throw Fault("The line draws the number " + std::to_string(number) + " out of " + std::to_string(numbers) + ".");

@@ -12,7 +12,6 @@
 
 namespace {
 
-
 bool IsDirection(int virtualKey) { return virtualKey >= key::kLeft && virtualKey <= key::kDown; }
 
 bool IsCreature(std::uint16_t tile) { return (tile == Firefly) | (tile == Butterfly) | (tile == Fly); }
@@ -198,7 +197,7 @@ void Hra::ReadInput() {
     return;
   }
   if (ReplayLine.size() < 3) throw Fault("The line ends before the keys of its tick.");
-  const auto number = [this](std::size_t i) { return static_cast<unsigned char>(ReplayLine[i]) - kNumberBase; };
+  const auto number = [this](std::size_t i) { return static_cast<unsigned char>(ReplayLine[i]) - kSmallNumberBase; };
   const int hero = number(2);
   CheckInput(number(0), number(1), hero);
   KeyMove = number(0);
