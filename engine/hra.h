@@ -180,6 +180,7 @@ class Hra {
  private:
   const Settings& Wishes() const;
   bool Held(int virtualKey) const;
+  bool BothHeld(int one, int other) const;
   HeroRecord& Hero(int number);
   const HeroRecord& Hero(int number) const;
   void SetPicture(int tile, int number) { pctK[static_cast<std::size_t>(tile)] = number; }

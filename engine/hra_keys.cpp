@@ -9,6 +9,13 @@ constexpr int kArrowBase = 36;  // direction 1..4 (left, up, right, down) + 36 i
 
 bool Hra::Held(int virtualKey) const { return hooks && hooks->keyHeld && hooks->keyHeld(virtualKey); }
 
+/// Asks for both keys in any case: a key counts as held when it was pressed since it was last asked for, so one that is
+/// passed over would be found pressed in a later tick.
+bool Hra::BothHeld(int one, int other) const {
+  const bool first = Held(one);
+  return Held(other) && first;
+}
+
 void Hra::ProjedKlv() {
   if (hooks && hooks->dropKeys) hooks->dropKeys();
 }
@@ -30,7 +37,9 @@ void Hra::Klavesy() {
   }
   if (stick != 0) KeyMove = kArrowBase + stick;
   RecordBuffer += static_cast<char>(KeyMove + kSmallNumberBase);
-  if (Held(key::kShift) || Held(key::kControl) || Held(key::kSpace)) KeyAction = 1;
+  for (const int action : {key::kShift, key::kControl, key::kSpace}) {  // each is asked for in every tick
+    if (Held(action)) KeyAction = 1;
+  }
   RecordBuffer += static_cast<char>(KeyAction + kSmallNumberBase);
   if (Held(key::kTab) || buttons(2, 3)) ZmenitPsa(2 * KeyAction - 1);
   int number = 0;

@@ -346,7 +346,7 @@ void Hra::Pulse() {
 }
 
 void Hra::ReadCommandKeys() {
-  if (Held(key::kControl) && Held(key::kR) && hooks->restart) hooks->restart();
-  if (PlayingReplay && Held(key::kControl) && Held(key::kC)) FollowHero = !FollowHero;
+  if (BothHeld(key::kControl, key::kR) && hooks->restart) hooks->restart();
+  if (PlayingReplay && BothHeld(key::kControl, key::kC)) FollowHero = !FollowHero;
   if (!FollowHero && hooks && hooks->scrollFreely) hooks->scrollFreely();
 }
