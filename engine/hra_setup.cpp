@@ -42,6 +42,7 @@ void Hra::PaintCave(std::string_view caveText) {
   TeleportPhase = 0;
   Won = false;
   Sum = {};
+  MovedFlag = {};  // a blast in the last tick of the cave before leaves marks, and no cell of this one has had its turn
   if (!PlayingReplay && !TestPlay) {
     RecordBuffer = Scramble(caveText) + "\r\n";
   } else {
