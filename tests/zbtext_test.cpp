@@ -1,9 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <array>
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <vector>
@@ -16,6 +13,7 @@
 #include "cave/set_text.h"
 #include "cave_checks.h"
 #include "fault_check.h"
+#include "run_program.h"
 #include "temp_folder.h"
 
 namespace {
@@ -211,21 +209,7 @@ TEST(ExampleSet, IsBuiltFromItsText) {
   EXPECT_EQ(set->Gratulace, Cp1250("Gratulujeme!\r\nMáš $P bodů."));
 }
 
-struct Outcome {
-  int status;
-  std::string output;  // of both streams
-};
-
-Outcome Zbtext(const std::string& arguments) {
-  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen((ZBTEXT + " "s + arguments + " 2>&1").c_str(), "r"),
-                                                   [](FILE*) { return 0; });
-  std::string output;
-  std::array<char, 4096> block;
-  while (const std::size_t count = std::fread(block.data(), 1, block.size(), pipe.get()))
-    output.append(block.data(), count);
-  const int status = pclose(pipe.get());
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
-}
+ProgramRun Zbtext(const std::string& arguments) { return RunProgram(ZBTEXT + " "s + arguments); }
 
 class ZbtextProgram : public testing::Test {
  protected:
@@ -234,7 +218,7 @@ class ZbtextProgram : public testing::Test {
 };
 
 TEST_F(ZbtextProgram, ThereAndBack) {
-  const Outcome printed = Zbtext(EXAMPLE_SET);
+  const ProgramRun printed = Zbtext(EXAMPLE_SET);
   EXPECT_EQ(printed.status, 0);
   EXPECT_THAT(printed.output, HasSubstr("set: Cvičná sada\nstart: 1 3\n"));
   EXPECT_EQ(Zbtext("--to-text " EXAMPLE_SET " " + Quoted("a b.txt")).status, 0);
@@ -246,11 +230,11 @@ TEST_F(ZbtextProgram, ThereAndBack) {
 
 TEST_F(ZbtextProgram, MistakesAreReported) {
   folder_.Make("bad.txt", "zorbik set\nset: S\nauthor: A\nautor: B\n");
-  const Outcome bad = Zbtext("--to-set " + Quoted("bad.txt") + " " + Quoted("bad.zb"));
+  const ProgramRun bad = Zbtext("--to-set " + Quoted("bad.txt") + " " + Quoted("bad.zb"));
   EXPECT_EQ(bad.status, 1);
   EXPECT_EQ(bad.output, folder_.Path("bad.txt") + ":4: \"autor\" is no field here.\n");
   EXPECT_EQ(FindPath(folder_.Path("bad.zb")), "") << "nothing is written";
-  const Outcome missing = Zbtext(Quoted("missing.zb"));
+  const ProgramRun missing = Zbtext(Quoted("missing.zb"));
   EXPECT_EQ(missing.status, 1);
   EXPECT_THAT(missing.output, HasSubstr("missing.zb: The file cannot be opened: No such file"));
 }
@@ -258,12 +242,12 @@ TEST_F(ZbtextProgram, MistakesAreReported) {
 TEST_F(ZbtextProgram, UsageErrorsExitWithTwo) {
   for (const char* arguments : {"", "--to-set a", "--to-set a b c", "a b c", "--to-text --to-set a b", "--nonsense a",
                                 "--code-page 1252 a", "a --code-page", "--to-set --code-page 1250 a b"}) {
-    const Outcome outcome = Zbtext(arguments);
+    const ProgramRun outcome = Zbtext(arguments);
     EXPECT_EQ(outcome.status, 2) << arguments;
     EXPECT_THAT(outcome.output, StartsWith("zbtext: ")) << arguments;
     EXPECT_THAT(outcome.output, HasSubstr("Usage:")) << arguments;
   }
-  const Outcome help = Zbtext("--help");
+  const ProgramRun help = Zbtext("--help");
   EXPECT_EQ(help.status, 0);
   EXPECT_THAT(help.output, StartsWith("Usage: zbtext"));
 }

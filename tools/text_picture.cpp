@@ -67,7 +67,7 @@ std::size_t KindOf(const Hra& game, int x, int y) {
 std::string SignOf(const Hra& game, std::size_t kind, int x, int y) {
   static constexpr std::array<const char*, 5> kCrawl{" ", "←", "↑", "→", "↓"};
   static constexpr std::array<const char*, 5> kFlight{" ", "↑", "→", "↓", "←"};
-  const std::string sign = kLooks[kind].sign;
+  std::string sign = kLooks[kind].sign;
   if (kind == HeroTile) {
     for (std::size_t i = 1; i < game.Heroes.size(); ++i) {
       const HeroRecord& hero = game.Heroes[i];

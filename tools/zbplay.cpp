@@ -170,7 +170,7 @@ bool WantsColour() {
 std::string InPlace(const std::string& picture) {
   std::string text = "\x1b[H";
   for (const char c : picture) text += c == '\n' ? "\x1b[K\n" : std::string(1, c);
-  return text;
+  return text + "\x1b[J";
 }
 
 /// The cave's script: the file named, standard input, or the shipped one; nothing when none is shipped.
@@ -201,26 +201,39 @@ class Show {
 
   /// Plays the cave to its end; the result of the program.
   int Play() {
-    const int every = options_.every.value_or(IsTerminal() && hasScript_ ? 1 : 0);
-    const bool moves = every > 0 && !options_.summary;
-    const bool inPlace = moves && IsTerminal();
-    if (inPlace) std::cout << "\x1b[2J";
-    while (!options_.ticks || player_.ticks() < *options_.ticks) {
-      if (!player_.Tick()) break;
-      if (!moves || player_.ticks() % every != 0) continue;
-      std::cout << (inPlace ? InPlace(Picture()) : Picture() + '\n') << std::flush;
-      if (inPlace) std::this_thread::sleep_for(kTickOnTerminal * every);
-    }
     if (options_.summary) {
+      PlayUnseen();
       std::cout << TwoDigits(cave_) << "  " << Padded(Name(), kNameColumns) << "  " << Result() << '\n';
     } else {
-      if (inPlace) std::cout << "\x1b[H\x1b[J";
-      std::cout << Picture() << '\n' << TextLegend(player_.game(), WantsColour()) << '\n' << Result() << '\n';
+      PlaySeen();
+      std::cout << TextLegend(player_.game(), WantsColour()) << '\n' << Result() << '\n';
     }
     return player_.outcome() == Outcome::Won ? kWon : kNotWon;
   }
 
  private:
+  bool Tick() { return (!options_.ticks || player_.ticks() < *options_.ticks) && player_.Tick(); }
+
+  void PlayUnseen() {
+    while (Tick()) {
+    }
+  }
+
+  /// Shows the cave on the way as asked, and at the end in any case.
+  void PlaySeen() {
+    const bool inPlace = IsTerminal();
+    const int every = options_.every.value_or(inPlace && hasScript_ ? 1 : 0);
+    if (inPlace && every > 0) std::cout << "\x1b[2J";
+    int shown = -1;  // the tick of the last picture
+    while (Tick()) {
+      if (every == 0 || player_.ticks() % every != 0) continue;
+      std::cout << (inPlace ? InPlace(Picture()) : Picture()) << '\n' << std::flush;
+      shown = player_.ticks();
+      if (inPlace) std::this_thread::sleep_for(kTickOnTerminal * every);
+    }
+    if (shown != player_.ticks()) std::cout << (inPlace && every > 0 ? InPlace(Picture()) : Picture()) << '\n';
+  }
+
   static ScriptStep LookOn() {
     ScriptStep step;
     step.number = kLookTicks;
