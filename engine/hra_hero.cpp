@@ -152,6 +152,7 @@ void Hra::OpenLocks(int gem) {
       locks += Tiles(x, y) == lock ? 1 : 0;
     }
   }
+  if (gems == 0) throw Fault("The hero takes a gem outside the cave.");  // a teleport of the cave before leads there
   int share = locks / gems;
   do {
     const int x = Nahoda(CaveWidth) - 1;

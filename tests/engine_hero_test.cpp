@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "cave_notation.h"
+#include "fault_check.h"
 
 TEST(EngineHero, WalksDigsAndCollects) {
   Check({
@@ -79,6 +80,15 @@ TEST(EngineHero, GemsOpenTheirShareOfTheLocks) {
       {"and opens every lock when it hits", "1!!!%%", "r2511161", ".1!!RR"},
       {"the rocks have weight", "!1%/WW.", "l231 -", "1../WWr"},
   });
+}
+
+// A cave with an entrance alone keeps the exit of the cave before, which may lie beyond its ring.
+TEST(EngineHero, GemOutsideTheCaveIsAFault) {
+  Play play(";;;;W;/;;;;S!/1;;;;;");
+  play.Load(";;;/1S;/;W;");
+  play.Run("r _ _ _ -");
+  EXPECT_EQ(play.game.Heroes[1], (HeroRecord{4, 1, -1}));
+  ExpectFault([&play] { play.Run("r"); }, "", "outside the cave");
 }
 
 TEST(EngineHero, Exit) {
