@@ -140,6 +140,7 @@ void Application::Quit(int code) {
 void Application::ProcessEvents() { QCoreApplication::processEvents(); }
 
 void Application::PaintAndSleep(int milliseconds) {
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);  // of controls that have just been shown
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window->isVisible()) QCoreApplication::sendPostedEvents(window, QEvent::UpdateRequest);
   }

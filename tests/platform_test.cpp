@@ -416,6 +416,18 @@ TEST(FormTest, VisibleIsTheControlsOwnFlag) {
   EXPECT_FALSE(label.visible());
 }
 
+TEST(FormTest, AControlJustShownIsPaintedBeforeTheSleep) {
+  ShownForm form;
+  Shape flash(&form);
+  flash.SetBounds(0, 0, 200, 100);
+  flash.set_visible(false);
+  user::Wait(20);
+  user::PaintedPixels();
+  flash.set_visible(true);
+  Application::PaintAndSleep(1);
+  EXPECT_GE(user::PaintedPixels(), 200LL * 100 * Application::PixelRatio() * Application::PixelRatio());
+}
+
 TEST(FormTest, PaintingAtOnceTakesNoInputAndStopsTimers) {
   ShownForm form;
   int ticks = 0;
