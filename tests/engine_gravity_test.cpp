@@ -81,6 +81,12 @@ TEST(EngineGravity, Splitter) {
   });
 }
 
+TEST(EngineGravity, TheCalmRuleOfRollingStandsByItself) {
+  Play play(".R./.R.");
+  play.game.ZaoblenéObjekty(1, 0);
+  EXPECT_EQ(play.Shown(), Rows("R../.R."));
+}
+
 // A rock falls on the middle of nine cells. The centre alone decides, and creatures beside it vanish without a blast.
 TEST(EngineBlast, FramesAndRemainsByCentre) {
   const std::pair<const char*, const char*> kinds[] = {{";rF/;FU/TXM", ".../.../..."},
