@@ -2,10 +2,10 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "base/random.h"
 #include "base/settings.h"
@@ -39,6 +39,13 @@ struct HeroRecord {
   std::int16_t alive = 0;  // -1 alive, 0 dead or not in the cave
 
   bool operator==(const HeroRecord&) const = default;
+};
+
+/// How closely the lines of a replay are looked at. A line that is too short is a fault in any case.
+enum class ReplayCheck {
+  kNone,    // what a line holds is done
+  kInput,   // keys, actions and heroes that no game records are faults
+  kStrict,  // so are drawn numbers outside the range that the rules ask for
 };
 
 /// A cell of the cave.
@@ -89,27 +96,51 @@ class Hra {
 
   // --- Procedures of the tick --------------------
 
+  // Cells are plain x, y of the cave. A cell outside the grids throws Fault in all of them.
+
+  /// Advances the pictures that change by themselves, ends the magic wall's time and opens the exit.
   void Animace();
+  /// Moves what stands on the teleport's entrance a step on its way to the exit.
   void Teleport();
+  /// Paints a cell with the picture of its tile.
   void PREKR(int x, int y);
+  /// A step of falling or rolling of the object in a cell with Motion 2 or 3.
   void NewGravitace(int x, int y);
+  /// The object in the cell has come down on the cell below: a blast or a noise.
   void Dopad(int x, int y);
+  /// Empties the cell and paints it.
   void ClearField(int x, int y);
+  /// A rule of rolling that no cave uses.
   void ZaoblenéObjekty(int x, int y);
+  /// A step or a turn of the creature in the cell, if it has not had its turn in this tick.
   void Potvory(int x, int y);
+  /// The new facing, 1..4, of a fly in the cell that flew in `direction`, 1..4, and met something.
   int MouchaS(int x, int y, int direction);
+  /// Lets what lies on the slime cell through, if chance has it.
   void Slime(int x, int y);
+  /// A random number 1..range, at most 190: drawn and written down, or in a replay read back.
   int Nahoda(int range);
+  /// Reads keys and joystick into KeyMove and KeyAction, selects heroes, and records it all.
   void Klavesy();
+  /// Selects a hero: code -1 or 1 steps to the living one before or behind, above 1 it is ten times a hero's number.
   void ZmenitPsa(int code);
+  /// Copies Motion, Tiles and Aux of cell 2 to cell 1.
   void ValRVal(int x1, int y1, int x2, int y2);
+  /// A step of the selected hero in the direction of KeyMove, 37..40.
   void PohybH();
+  /// Blows up the nine cells around a centre; a and b mean nothing.
   void Exploze(int x, int y, int a, int b);
+  /// Shows a message. colour: 0xBBGGRR.
   void ShowMessage(const std::string& text, std::uint32_t colour);
+  /// Asks for sound 0..9, unless sound is off or an explosion must not be cut.
   void PZvuk(int sound);
+  /// Asks for the countdown's sound, 0..10 seconds left, unless sound is off.
   void PZvukTime(int seconds);
+  /// Brings the selected hero into view.
   void ZornéPole();
+  /// Forgets the keys pressed so far.
   void ProjedKlv();
+  /// The cave is won: keeps its sum and tells it.
   void WinGame();
 
   // --- State --------------------
@@ -120,12 +151,12 @@ class Hra {
   Grid<std::int16_t, 0, 80, 0, 50> MovedFlag;  // -1: handled in this tick
   std::array<HeroRecord, 10> Heroes{};         // index 0 is unused
 
-  bool PlayingReplay = false;  // lines come from readReplayLine instead of keys
-  bool StrictReplay = false;   // a replay's numbers have to lie in the range that the rules ask for
-  bool TestPlay = false;       // started from the cave editor
-  bool Won = false;            // the hero has entered the exit
-  WinSum Sum;                  // what the cave is worth, set when it is won; the tick runs on behind it
-  int Score = 0;               // points of the side panel; not cleared by a new cave
+  bool PlayingReplay = false;              // lines come from readReplayLine instead of keys
+  ReplayCheck Check = ReplayCheck::kNone;  // how closely a replay's lines are looked at
+  bool TestPlay = false;                   // started from the cave editor
+  bool Won = false;                        // the hero has entered the exit
+  WinSum Sum;                              // what the cave is worth, set when it is won; the tick runs on behind it
+  int Score = 0;                           // points of the side panel; not cleared by a new cave
   int CaveWidth = 0;
   int CaveHeight = 0;
   int Need = 0;
@@ -178,6 +209,12 @@ class Hra {
   const Settings* settings = nullptr;  // null: the defaults
 
  private:
+  /// Calls a hook, if there is one.
+  template <class... Parameters, class... Arguments>
+  void Tell(std::function<void(Parameters...)> Hooks::*hook, Arguments&&... arguments) const {
+    if (hooks != nullptr && hooks->*hook) (hooks->*hook)(std::forward<Arguments>(arguments)...);
+  }
+
   const Settings& Wishes() const;
   bool Held(int virtualKey) const;
   bool BothHeld(int one, int other) const;

@@ -37,7 +37,7 @@ void Hra::AnimateMagicWall() {
 }
 
 void Hra::OpenExit() {
-  if (hooks && hooks->flash) hooks->flash();
+  Tell(&Hooks::flash);
   ExitOpen = true;
   PointsNow = PointsAfter;
   ShowMessage(LangStr[105], colour::kWhite);

@@ -103,7 +103,7 @@ bool Hra::PassControl(int x, int y) {
 }
 
 void Hra::EnterExit(int oldX, int oldY, int x, int y) {
-  if (hooks && hooks->stopTimer) hooks->stopTimer();
+  Tell(&Hooks::stopTimer);
   Tiles(x, y) = HeroTile;
   Tiles(oldX, oldY) = Empty;
   PREKR(oldX, oldY);
@@ -200,9 +200,7 @@ void Hra::Teleport() {
   }
   if (TeleportPhase == 0) return;
   ++TeleportPhase;
-  if (hooks && hooks->paintTransfer && TeleportTile < kTileCodes) {
-    hooks->paintTransfer(TeleportPhase, pctK[TeleportTile]);
-  }
+  if (TeleportTile < kTileCodes) Tell(&Hooks::paintTransfer, TeleportPhase, pctK[TeleportTile]);
   if (TeleportPhase != 5) return;
   TeleportPhase = 0;
   if (HeroLocked) {

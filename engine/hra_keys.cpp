@@ -16,9 +16,7 @@ bool Hra::BothHeld(int one, int other) const {
   return Held(other) && first;
 }
 
-void Hra::ProjedKlv() {
-  if (hooks && hooks->dropKeys) hooks->dropKeys();
-}
+void Hra::ProjedKlv() { Tell(&Hooks::dropKeys); }
 
 void Hra::Klavesy() {
   KeyMove = 0;
@@ -77,7 +75,7 @@ void Hra::ZmenitPsa(int code) {
   if (Hero(CurrentHero).alive != 0) {
     SetPicture(HeroTile, picture::kMultiPes + CurrentHero - 1);
     PREKR(Hero(CurrentHero).x, Hero(CurrentHero).y);
-    if (hooks && hooks->paintStrip) hooks->paintStrip(CurrentHero, picture::kMultiPes + CurrentHero - 1);
+    Tell(&Hooks::paintStrip, CurrentHero, picture::kMultiPes + CurrentHero - 1);
   }
   if (code <= 1) {
     int attempts = 0;
@@ -95,7 +93,7 @@ void Hra::ZmenitPsa(int code) {
   }
   SetPicture(HeroTile, picture::kImgZBP);
   PREKR(Hero(CurrentHero).x, Hero(CurrentHero).y);
-  if (hooks && hooks->paintStrip) hooks->paintStrip(CurrentHero, picture::kSinglePes);
+  Tell(&Hooks::paintStrip, CurrentHero, picture::kSinglePes);
   IdleTicks = 0;
   ZornéPole();
   if (CurrentHero != old) PZvuk(7);

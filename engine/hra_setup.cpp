@@ -1,7 +1,5 @@
 // Setting up a cave and the small procedures that all rules share.
 
-#include <cmath>
-
 #include "base/fault.h"
 #include "base/lang_str.h"
 #include "cave/cave_text.h"
@@ -34,7 +32,7 @@ const HeroRecord& Hra::Hero(int number) const {
 }
 
 void Hra::PaintCave(std::string_view caveText) {
-  if (hooks && hooks->layOut) hooks->layOut();
+  Tell(&Hooks::layOut);
   chkRec = 1;
   FollowHero = true;
   HeroLocked = false;
@@ -49,21 +47,21 @@ void Hra::PaintCave(std::string_view caveText) {
     chkRec = 0;
   }
   const CaveRecord record = ParseCaveText(caveText);
-  if (hooks && hooks->stopTimer) hooks->stopTimer();
+  Tell(&Hooks::stopTimer);
   for (HeroRecord& hero : Heroes) hero.alive = 0;
   HeroCount = 0;
-  if (hooks && hooks->caveRead) hooks->caveRead(record);
+  Tell(&Hooks::caveRead, record);
   CopyRecord(record);
   ResetPictures();
-  if (hooks && hooks->loadTint) hooks->loadTint(Tint);
-  if (hooks && hooks->sizeCave) hooks->sizeCave(CaveWidth, CaveHeight);
+  Tell(&Hooks::loadTint, Tint);
+  Tell(&Hooks::sizeCave, CaveWidth, CaveHeight);
   FillGrids(record);
   CurrentHero = 1;
   MultiHero = HeroCount != 1;
   SetPicture(HeroTile, picture::kImgZBP);
-  if (hooks && hooks->showStrip) hooks->showStrip();
+  Tell(&Hooks::showStrip);
   ProjedKlv();
-  if (hooks && hooks->setInterval) hooks->setInterval((Wishes().Rychlost - 1) * 20 + 1);
+  Tell(&Hooks::setInterval, (Wishes().Rychlost - 1) * 20 + 1);
 }
 
 void Hra::CopyRecord(const CaveRecord& record) {
@@ -150,11 +148,11 @@ void Hra::MarkTeleport(int x, int y) {
   if (Tiles(x, y - 1) == SlimeTile && Tiles(x, y) == SteelWall) {
     TeleportSource = place(x, y - 1);
     open(x, y - 1);
-    if (hooks && hooks->paintOverlay) hooks->paintOverlay(x, y, picture::kImgTLP);
+    Tell(&Hooks::paintOverlay, x, y, picture::kImgTLP);
   } else if (Tiles(x, y - 1) == SteelWall && Tiles(x, y) == SlimeTile) {
     TeleportTarget = place(x, y);
     open(x, y);
-    if (hooks && hooks->paintOverlay) hooks->paintOverlay(x, y - 1, picture::kImgTLP + 1);
+    Tell(&Hooks::paintOverlay, x, y - 1, picture::kImgTLP + 1);
   }
 }
 
@@ -170,7 +168,7 @@ void Hra::MarkSplitters() {
 
 void Hra::Command1_Click() {
   ZornéPole();
-  if (hooks && hooks->startTimer) hooks->startTimer();
+  Tell(&Hooks::startTimer);
   IdleTicks = 0;
   const std::string count = " " + std::to_string(HeroCount);  // the blank of the place-holder stays
   if (!MultiHero) {
@@ -186,7 +184,7 @@ void Hra::WinGame() {
   Won = true;
   Sum = WinSum{Need, PointsBefore, Collected - Need, PointsAfter, lblCas, 0};
   for (int i = 1; i <= HeroCount; ++i) Sum.aliveHeroes += Hero(i).alive != 0 ? 1 : 0;
-  if (hooks && hooks->won) hooks->won();
+  Tell(&Hooks::won);
 }
 
 std::string Hra::Picture() const {
@@ -222,24 +220,20 @@ void Hra::ValRVal(int x1, int y1, int x2, int y2) {
   Aux(x1, y1) = Aux(x2, y2);
 }
 
-void Hra::ShowMessage(const std::string& text, std::uint32_t colour) {
-  if (hooks && hooks->showMessage) hooks->showMessage(text, colour);
-}
+void Hra::ShowMessage(const std::string& text, std::uint32_t colour) { Tell(&Hooks::showMessage, text, colour); }
 
-void Hra::ZornéPole() {
-  if (hooks && hooks->showCell) hooks->showCell(Hero(CurrentHero).x, Hero(CurrentHero).y);
-}
+void Hra::ZornéPole() { Tell(&Hooks::showCell, Hero(CurrentHero).x, Hero(CurrentHero).y); }
 
 void Hra::PZvuk(int sound) {
   constexpr int kDirtSound = 0;
   constexpr int kExplosionSound = 5;
   if (Wishes().Zvuk == 0 || SoundLock != 0) return;
   if (sound == kExplosionSound) SoundLock = 2;
-  if (hooks && hooks->playSound) hooks->playSound(sound, sound == kDirtSound);
+  Tell(&Hooks::playSound, sound, sound == kDirtSound);
 }
 
 void Hra::PZvukTime(int seconds) {
-  if (Wishes().Zvuk != 0 && hooks && hooks->playCountdown) hooks->playCountdown(seconds);
+  if (Wishes().Zvuk != 0) Tell(&Hooks::playCountdown, seconds);
 }
 
 // One source of random numbers for all rules: fresh ones are written down, a replay reads them back whatever the range.
@@ -253,7 +247,7 @@ int Hra::Nahoda(int range) {
   if (ReplayLine.empty()) throw Fault("The line ends before the numbers that its tick draws.");
   const int number = static_cast<unsigned char>(ReplayLine.front()) - kSmallNumberBase;
   ReplayLine.erase(0, 1);
-  if (StrictReplay && (number < 1 || (number > numbers && number > 1))) {
+  if (Check == ReplayCheck::kStrict && (number < 1 || (number > numbers && number > 1))) {
     throw Fault("The line draws the number " + std::to_string(number) + " out of " + std::to_string(numbers) + ".");
   }
   return number;

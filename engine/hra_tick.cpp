@@ -40,7 +40,7 @@ void Hra::tmrHra_Timer() {
   if (FollowHero) ZornéPole();
   EndLine();
   Pulse();
-  if (hooks && hooks->tickDone) hooks->tickDone();
+  Tell(&Hooks::tickDone);
   ReadCommandKeys();
 }
 
@@ -199,7 +199,7 @@ void Hra::ReadInput() {
   if (ReplayLine.size() < 3) throw Fault("The line ends before the keys of its tick.");
   const auto number = [this](std::size_t i) { return static_cast<unsigned char>(ReplayLine[i]) - kSmallNumberBase; };
   const int hero = number(2);
-  CheckInput(number(0), number(1), hero);
+  if (Check != ReplayCheck::kNone) CheckInput(number(0), number(1), hero);
   KeyMove = number(0);
   KeyAction = number(1);
   ReplayLine.erase(0, 3);
@@ -213,7 +213,7 @@ void Hra::CheckHeroes() {
     HeroRecord& hero = Hero(i);
     if (Tiles(hero.x, hero.y) == HeroTile) continue;
     hero.alive = 0;
-    if (hooks && hooks->paintStrip) hooks->paintStrip(i, picture::kMrtvejPes);
+    Tell(&Hooks::paintStrip, i, picture::kMrtvejPes);
   }
 }
 
@@ -239,7 +239,7 @@ void Hra::Idle() {
   } else if (m == 52 || m == 113) {
     SetPicture(HeroTile, picture::kImgZBP);
   }
-  if (m == 299 && lblCas != 0 && Wishes().DatPauzu != 0 && hooks && hooks->idlePause) hooks->idlePause();
+  if (m == 299 && lblCas != 0 && Wishes().DatPauzu != 0) Tell(&Hooks::idlePause);
   if (!HeroLocked) PREKR(Hero(CurrentHero).x, Hero(CurrentHero).y);
 }
 
@@ -342,11 +342,11 @@ void Hra::EndLine() {
 void Hra::Pulse() {
   BlinkPhase = (BlinkPhase + 1) % 16;
   const auto level = static_cast<std::uint32_t>(BlinkPhase < 8 ? BlinkPhase * 24 + 87 : 255 - (BlinkPhase - 8) * 24);
-  if (hooks && hooks->pulse) hooks->pulse(PlayingReplay ? level << 16 : level);
+  Tell(&Hooks::pulse, PlayingReplay ? level << 16 : level);
 }
 
 void Hra::ReadCommandKeys() {
   if (BothHeld(key::kControl, key::kR) && hooks->restart) hooks->restart();
   if (PlayingReplay && BothHeld(key::kControl, key::kC)) FollowHero = !FollowHero;
-  if (!FollowHero && hooks && hooks->scrollFreely) hooks->scrollFreely();
+  if (!FollowHero) Tell(&Hooks::scrollFreely);
 }

@@ -43,7 +43,7 @@ Replay::Replay(const Recording& recording, bool strict) : recording_(recording),
     return true;
   };
   game_.PlayingReplay = true;
-  game_.StrictReplay = strict;
+  game_.Check = strict ? ReplayCheck::kStrict : ReplayCheck::kInput;
   try {
     game_.PaintCave(recording.caveText);
   } catch (const Fault& fault) {
