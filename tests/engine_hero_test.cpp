@@ -27,11 +27,11 @@ TEST(EngineHero, WalksDigsAndCollects) {
 
 TEST(EngineHero, ScoreCountsPlainGemsOnly) {
   Play play("1D!DD", {.need = 2, .pointsBefore = 3, .pointsAfter = 50});
-  play.Run("r r211 r");  // the coloured gem tries to open a lock
+  play.Run("r r211 R");  // the coloured gem tries to open a lock; the next one is taken without moving
   EXPECT_EQ(play.game.Collected, 2);
   EXPECT_EQ(play.game.Score, 6);
   EXPECT_FALSE(play.game.ExitOpen);  // seen at the start of the next tick
-  play.Run("r");
+  play.Run("r r");
   EXPECT_EQ(play.game.Score, 56);
 }
 
@@ -80,6 +80,9 @@ TEST(EngineHero, GemsOpenTheirShareOfTheLocks) {
       {"and opens every lock when it hits", "1!!!%%", "r2511161", ".1!!RR"},
       {"the rocks have weight", "!1%/WW.", "l231 -", "1../WWr"},
   });
+  Play crate("1@^");
+  crate.Run("r231");
+  EXPECT_EQ(crate.game.Motion(2, 0), 1);
 }
 
 // A cave with an entrance alone keeps the exit of the cave before, which may lie beyond its ring.
@@ -167,4 +170,8 @@ TEST(EngineHero, TeleportSelectsItsHero) {
   EXPECT_EQ(play.game.Heroes[2], (HeroRecord{3, 1, -1}));
   EXPECT_FALSE(play.game.HeroLocked);
   EXPECT_EQ(play.Took("sound"), "7");
+  Play nobody(kTeleport);
+  nobody.game.Tiles(1, 1) = HeroTile;  // no record points here
+  nobody.game.Teleport();
+  EXPECT_FALSE(nobody.game.HeroLocked);
 }

@@ -23,6 +23,8 @@ TEST(EngineKeys, TheArrowPressedLastWins) {
   EXPECT_EQ(Keys(play, {kLeft}), "37 0 1");
   EXPECT_EQ(Keys(play, {kLeft, kRight}), "39 0 1");
   EXPECT_EQ(Keys(play, {kLeft}), "37 0 1");
+  EXPECT_EQ(Keys(play, {kRight}), "39 0 1");
+  EXPECT_EQ(Keys(play, {kLeft, kRight}), "37 0 1");
   EXPECT_EQ(Keys(play, {}), "0 0 1");
   EXPECT_EQ(Keys(play, {kUp, kDown}), "38 0 1");  // pressed together: the lowest code
   play.game.KeyAge[1] = 998;

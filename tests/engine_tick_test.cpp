@@ -102,16 +102,13 @@ TEST(EngineTick, ExitsBlinkAndAmoebaAndSlimeAreAnimatedIfWished) {
   EXPECT_EQ(play.Took("flash") + play.Took("paint"), "7,1,6 7,1,5");
 }
 
-// Touched in the first tick; a second of magic is eleven ticks.
+// Touched in the second tick; a second of magic is eleven ticks.
 TEST(EngineTick, MagicWallRunsInItsUpperHalfUntilItsTimeIsOut) {
-  const auto top = [](int number, int halves) {
-    return " 0,1," + std::to_string(number) + "," + std::to_string(halves);
-  };
-  Play play("r;/MX/.;", {.magicTime = 1});
-  play.Run("-", 15);
+  Play play("r;/.;/MX/.;", {.magicTime = 1});
+  play.Run("-", 20);
   std::string expected;
-  for (int tick = 2; tick <= 11; ++tick) expected += top(picture::kAnimMW + (tick - 1) % 4, 1);
-  EXPECT_EQ(" " + play.Took("top"), expected + top(picture::kWall, 2));
+  for (int tick = 3; tick <= 12; ++tick) expected += "0,2," + std::to_string(picture::kAnimMW + (tick - 1) % 4) + ",1 ";
+  EXPECT_EQ(play.Took("top"), expected + "0,2," + std::to_string(picture::kWall) + ",2");
 }
 
 // Ticks without a direction key, and the picture of the hero from then on.
