@@ -42,8 +42,8 @@ Qt::MouseButton OneButton(int mask) {
 }
 
 void SendKey(QEvent::Type type, int code, int shift, bool auto_repeat) {
+  if (!QTest::qWaitFor([] { return QGuiApplication::focusWindow() != nullptr; }, 10000)) return;
   QWindow* window = QGuiApplication::focusWindow();
-  if (!window) return;
   const QtKey key = QtKeyOf(code);
   const QString text = key.key == Qt::Key_Space ? " " : QString();
   qt_handleKeyEvent(window, type, key.key, key.modifiers | Modifiers(shift), text, auto_repeat);
@@ -124,6 +124,20 @@ bool WaitUntil(const std::function<bool()>& condition) { return QTest::qWaitFor(
 
 void Later(int milliseconds, std::function<void()> action) {
   QTimer::singleShot(milliseconds, qApp, std::move(action));
+}
+
+void WhenFront(std::function<void()> action) {
+  const QWidget* front = QApplication::activeModalWidget();
+  if (front && front->windowHandle() == QGuiApplication::focusWindow()) {
+    action();
+  } else {
+    Later(5, [action = std::move(action)]() mutable { WhenFront(std::move(action)); });
+  }
+}
+
+bool HasInput(const Form& form) {
+  const QWindow* window = Native::Widget(form)->windowHandle();
+  return window && window == QGuiApplication::focusWindow();
 }
 
 Picture Grab(const Control& control) {

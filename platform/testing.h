@@ -36,6 +36,10 @@ void Wait(int milliseconds);
 bool WaitUntil(const std::function<bool()>& condition);
 /// Runs something from the event loop later, whether timers stand still or not: while a box or a modal form is open.
 void Later(int milliseconds, std::function<void()> action);
+/// Runs something from the event loop once a box or modal form has the input. Call before it is shown.
+void WhenFront(std::function<void()> action);
+/// The form has the input of the keyboard.
+bool HasInput(const Form& form);
 
 /// What a control looks like now, with all controls inside.
 Picture Grab(const Control& control);

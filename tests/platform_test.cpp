@@ -28,8 +28,7 @@ namespace {
 struct ShownForm : Form {
   ShownForm() : Form(Border::kSizable, 300, 200) {
     Show();
-    user::WaitUntil([this] { return visible(); });
-    user::Wait(20);
+    user::WaitUntil([this] { return user::HasInput(*this); });
   }
 };
 
@@ -98,13 +97,13 @@ TEST(MessageBoxTest, StopsEveryTimerUntilItIsClosed) {
   Timer started_meanwhile(1, [&] { ++ticks; });
   timer.Start();
   ASSERT_TRUE(user::WaitUntil([&] { return ticks > 3; }));
-  user::Later(20, [&] {
+  user::WhenFront([&] {
     ticks_at_open = ticks;
     started_meanwhile.Start();
-  });
-  user::Later(80, [&] {
-    ticks_at_close = ticks;
-    user::TapKey(kKeyEnter);
+    user::Later(50, [&] {
+      ticks_at_close = ticks;
+      user::TapKey(kKeyEnter);
+    });
   });
   EXPECT_EQ(ShowMessageBox({"text", "title"}), BoxAnswer::kOk);
   EXPECT_GT(ticks_at_open, 0);
@@ -117,7 +116,7 @@ TEST(MessageBoxTest, StopsEveryTimerUntilItIsClosed) {
 TEST(MessageBoxTest, ButtonsAnswerByKeyAndEscapeTakesTheLast) {
   ShownForm form;
   const auto answer = [](BoxButtons buttons, const std::vector<int>& keys) {
-    user::Later(30, [keys] {
+    user::WhenFront([keys] {
       for (const int key : keys) user::TapKey(key);
     });
     return ShowMessageBox({"text", "title", buttons, BoxIcon::kQuestion});
@@ -349,15 +348,16 @@ TEST(FormTest, ModalReturnsWhenHiddenAndTimersRunOn) {
   timer.Start();
   int ticks_inside = 0;
   for (int round = 1; round <= 2; ++round) {
-    user::Later(50, [&] {
+    user::WhenFront([&] {
+      ticks = 0;
+      user::Wait(50);
       user::Click(below);
       ticks_inside = ticks;
       dialog.Close();
     });
-    ticks = 0;
     dialog.ShowModal();
     EXPECT_FALSE(dialog.visible());
-    EXPECT_GT(ticks_inside, 5);
+    EXPECT_GT(ticks_inside, 0);
     EXPECT_EQ(clicks, 0) << "the form below takes no input";
   }
   user::Click(below);
@@ -708,7 +708,7 @@ TEST(ApplicationDeathTest, QuitEndsAtOnceFromInsideAModalForm) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   const auto quit = [] {
     Form dialog;
-    user::Later(10, [] { Application::Quit(7); });
+    user::WhenFront([] { Application::Quit(7); });
     dialog.ShowModal();
     std::fprintf(stderr, "went on");
     std::_Exit(1);
