@@ -230,6 +230,15 @@ TEST_F(Templates, SmallAndBig) {
   EXPECT_EQ(LoadCaveText("*2", 5).size(), 1u + 6 + 6 + 10 + 600);
 }
 
+TEST_F(Templates, TextsTooLongForACaveAreCut) {
+  LangStr[26] = std::string(191, 'n');
+  LangStr[53] = std::string(300, 'd');
+  const CaveRecord small = ParseCaveText(LoadCaveText("*1", 0));
+  EXPECT_EQ(small.Name, std::string(190, 'n'));
+  EXPECT_EQ(small.Description, std::string(190, 'd'));
+  EXPECT_EQ(small.Width, 19);
+}
+
 TEST(LoadCaveText, FindsACaveByTheLastFiveCharacters) {
   const TempFolder folder;
   const std::string longName = SmallHeader("x---07y") + "R1T---08";

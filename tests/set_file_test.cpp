@@ -250,6 +250,13 @@ TEST_F(SetFile, TheOverviewTakesNinetyEightCaves) {
   EXPECT_EQ(edited_.PocetK, 99);
 }
 
+TEST_F(SetFile, ACaveWithoutItsLastCellsGoesOnWithItsTail) {
+  LoadColl(SetOf({"EAAGBPAAFUUsC;---07", "x"}), *played_);
+  std::string row;
+  for (int x = 0; x < 6; ++x) row += played_->KomRec[1].Cell(x, 0);
+  EXPECT_EQ(row, ";---07");
+}
+
 TEST_F(SetFile, ADamagedCaveStopsTheOverviewAlone) {
   const SetLines file = SetOf({Cave("a") + "---01", "short---02", "x"});
   ExpectFault([&] { LoadColl(file, *played_); }, "set.zb", "Line 5: The cave text ends before");
@@ -260,7 +267,7 @@ TEST_F(SetFile, ADamagedCaveStopsTheOverviewAlone) {
 TEST_F(SetFile, TheNameOfABrokenFileIsGarbledOrEmpty) {
   const std::string rest = "\r\n" + Scramble("more") + "\r\n";
   EXPECT_EQ(ReadSetName(folder_.Make("a.zb", Scramble(WithLength("Sada") + "AB") + rest)), "Sada");
-  EXPECT_EQ(ReadSetName(folder_.Make("lf.zb", Scramble(WithLength("Sada")) + "\n")), "Sada");
+  EXPECT_EQ(ReadSetName(folder_.Make("lf.zb", Scramble("ZSada") + "\n" + Scramble("more"))), "Sada");
   const std::string longest(190, '\xFF');
   EXPECT_EQ(ReadSetName(folder_.Make("long.zb", Scramble(WithLength(longest) + "A") + rest)), longest);
   EXPECT_EQ(ReadSetName(folder_.Make("cut.zb", Scramble("ZSada"))), "Sada");
