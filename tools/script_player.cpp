@@ -187,6 +187,7 @@ ScriptPlayer::ScriptPlayer(std::string_view caveText, Script script, std::uint64
     return virtualKey == direction_ || (virtualKey == key::kSpace && action_) ||
            (hero_ != 0 && virtualKey == key::kNumpad0 + hero_);
   };
+  hooks_.won = [this] { recording_ = game_.RecordBuffer; };
   game_.hooks = &hooks_;
   game_.random = Random(seed);
   game_.PaintCave(caveText);

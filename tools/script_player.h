@@ -56,6 +56,9 @@ class ScriptPlayer {
   Outcome outcome() const { return outcome_; }
   int ticks() const { return ticks_; }
 
+  /// The recording up to the win, as a record file holds it behind its first two lines; empty until the cave is won.
+  const std::string& recording() const { return recording_; }
+
   /// The line of the script that is at work; 0 behind its end.
   int line() const { return at_ < script_.size() ? script_[at_].line : 0; }
 
@@ -95,4 +98,5 @@ class ScriptPlayer {
   int ticks_ = 0;
   Outcome outcome_ = Outcome::Running;
   std::string explanation_;
+  std::string recording_;
 };

@@ -24,6 +24,7 @@
 #include "base/utf8.h"
 #include "cave/names.h"
 #include "cave/set_file.h"
+#include "engine/recording.h"
 #include "tools/script_player.h"
 #include "tools/text_picture.h"
 
@@ -33,7 +34,6 @@ constexpr int kWon = 0;
 constexpr int kNotWon = 1;
 constexpr int kUsage = 2;
 
-constexpr int kBonusPoints = 500;
 constexpr std::size_t kNameColumns = 26;
 constexpr int kLookTicks = 10;  // a cave without a script runs this long
 constexpr std::chrono::milliseconds kTickOnTerminal{60};
@@ -54,6 +54,7 @@ constexpr const char* kOptionsText =
     "               unless it is given; otherwise 0\n"
     "  --ticks N    stop after N ticks\n"
     "  --seed N     seed of the random numbers of the rules (1)\n"
+    "  --record F   write the records of the caves that are won into the folder F\n"
     "  --summary    one line a cave and no picture; without CAVE all caves are played\n"
     "  --help       this text\n"
     "\n"
@@ -68,6 +69,7 @@ struct Options {
   std::optional<int> every;
   std::optional<int> ticks;
   std::uint64_t seed = 1;
+  std::string record;  // folder
   bool summary = false;
   bool help = false;
 };
@@ -90,9 +92,13 @@ Number ParseNumber(std::string_view text, const std::string& what, Number least)
 
 Options ParseArguments(int argc, char** argv) {
   static const option kOptions[] = {
-      {"every", required_argument, nullptr, 'e'}, {"ticks", required_argument, nullptr, 't'},
-      {"seed", required_argument, nullptr, 's'},  {"summary", no_argument, nullptr, 'y'},
-      {"help", no_argument, nullptr, 'h'},        {nullptr, 0, nullptr, 0},
+      {"every", required_argument, nullptr, 'e'},
+      {"ticks", required_argument, nullptr, 't'},
+      {"seed", required_argument, nullptr, 's'},
+      {"record", required_argument, nullptr, 'r'},
+      {"summary", no_argument, nullptr, 'y'},
+      {"help", no_argument, nullptr, 'h'},
+      {nullptr, 0, nullptr, 0},
   };
   Options options;
   for (int c = 0; (c = getopt_long(argc, argv, "h", kOptions, nullptr)) != -1;) {
@@ -105,6 +111,9 @@ Options ParseArguments(int argc, char** argv) {
         break;
       case 's':
         options.seed = ParseNumber<std::uint64_t>(optarg, "--seed", 0);
+        break;
+      case 'r':
+        options.record = optarg;
         break;
       case 'y':
         options.summary = true;
@@ -208,7 +217,9 @@ class Show {
       PlaySeen();
       std::cout << TextLegend(player_.game(), WantsColour()) << '\n' << Result() << '\n';
     }
-    return player_.outcome() == Outcome::Won ? kWon : kNotWon;
+    if (player_.outcome() != Outcome::Won) return kNotWon;
+    if (!options_.record.empty()) WriteRecord();
+    return kWon;
   }
 
  private:
@@ -240,6 +251,14 @@ class Show {
     return step;
   }
 
+  int Score() const { return player_.game().Sum.Score() + (JeBonus(Record().Name) ? kBonusPoints : 0); }
+
+  /// The player of these records is the hero himself.
+  void WriteRecord() const {
+    const std::string name = Shown(CistyNazev(set_.Name + " - " + Record().Name)) + ".zbr";
+    WriteFile(options_.record + "/" + name, RecordText(set_.Name, Score(), Cp1250("Zorbík"), player_.recording()));
+  }
+
   const CaveRecord& Record() const { return set_.KomRec[static_cast<std::size_t>(cave_)]; }
   std::string Name() const { return Shown(Record().Name); }
 
@@ -255,8 +274,7 @@ class Show {
   std::string Result() const {
     const std::string after = " after " + Seconds(player_.ticks());
     if (player_.outcome() == Outcome::Won) {
-      const int bonus = JeBonus(Record().Name) ? kBonusPoints : 0;
-      return "won with " + std::to_string(player_.game().Sum.Score() + bonus) + " points" + after;
+      return "won with " + std::to_string(Score()) + " points" + after;
     }
     if (player_.outcome() == Outcome::Running) return "not won: stopped" + after;
     if (!hasScript_) return "not won: no script is shipped for this cave";
