@@ -19,8 +19,10 @@
 #include "platform/application.h"
 #include "platform/keys.h"
 #include "platform/message_box.h"
+#include "platform/sound.h"
 #include "view/colours.h"
 #include "view/form_analyze.h"
+#include "view/sounds.h"
 
 namespace {
 
@@ -73,6 +75,10 @@ void FormHra::MakeHooks() {
   hooks_.flash = [this] { Flash(); };
   hooks_.pulse = [this](std::uint32_t colour) { Picture7.set_back_colour(ScreenColour(colour)); };
   hooks_.tickDone = [this] { ShowCounters(); };
+  hooks_.playSound = [this](int sound, bool yielding) {
+    platform::PlayWave(folder_ + "/" + SoundFile(sound), yielding);
+  };
+  hooks_.playCountdown = [this](int seconds) { platform::PlayWave(folder_ + "/" + CountdownFile(seconds)); };
   hooks_.keyHeld = [](int virtualKey) { return platform::Held(virtualKey); };
   hooks_.dropKeys = [] {
     for (int code = 0; code < 256; ++code) platform::Held(code);
