@@ -84,8 +84,8 @@ class KeyTap : public QObject {
     FeedKey(key);
     if (QApplication::activePopupWidget()) return false;
     Form* form = Native::FormOf(receiver);
-    return form &&
-           Native::HandleKey(*form, VirtualKey(key), ShiftMask(key.modifiers()), event->type() == QEvent::KeyPress);
+    return form && Native::HandleKey(*form, {VirtualKey(key), ShiftMask(key.modifiers()), key.isAutoRepeat()},
+                                     event->type() == QEvent::KeyPress);
   }
 };
 

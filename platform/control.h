@@ -32,9 +32,10 @@ struct MouseEvent {
 
 /// A key that went down, also by auto-repeat.
 struct KeyEvent {
-  int code = 0;          // virtual-key code
-  int shift = 0;         // kShift, kCtrl, kAlt
-  bool handled = false;  // set by the handler: nobody else gets this key
+  int code = 0;           // virtual-key code
+  int shift = 0;          // kShift, kCtrl, kAlt
+  bool repeated = false;  // by auto-repeat
+  bool handled = false;   // set by the handler: nobody else gets this key
 };
 
 /// Which code page the text of a control is in, by the number of its character set.

@@ -93,7 +93,7 @@ Form* Native::FormOf(const QObject* window) {
   return nullptr;
 }
 
-bool Native::HandleKey(Form& form, int code, int shift, bool down) { return form.HandleKey(code, shift, down); }
+bool Native::HandleKey(Form& form, KeyEvent event, bool down) { return form.HandleKey(event, down); }
 
 Form::Form(Border border, int width, int height) : Container(nullptr, new FormWindow(this)), border_(border) {
   auto* window = static_cast<FormWindow*>(widget());
@@ -202,9 +202,9 @@ void Form::set_default_button(Button* button) {
   default_button_ = button;
 }
 
-bool Form::HandleKey(int code, int shift, bool down) {
+bool Form::HandleKey(KeyEvent event, bool down) {
+  const int code = event.code;
   if (down && on_key_down) {
-    KeyEvent event{code, shift};
     on_key_down(event);
     if (event.handled) return true;
   }

@@ -71,7 +71,7 @@ class Form : public Container {
   friend class FormWindow;
 
   /// True when the key has been dealt with.
-  bool HandleKey(int code, int shift, bool down);
+  bool HandleKey(KeyEvent event, bool down);
 
   std::string caption_;
   Border border_;

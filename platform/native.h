@@ -24,7 +24,7 @@ struct Native {
   static Picture MakePicture(QImage image, int width, int height, int ratio);
   /// The form of a Qt window or null.
   static Form* FormOf(const QObject* window);
-  static bool HandleKey(Form& form, int code, int shift, bool down);
+  static bool HandleKey(Form& form, KeyEvent event, bool down);
 };
 
 inline QColor ToQt(Colour colour) { return {colour.red, colour.green, colour.blue}; }

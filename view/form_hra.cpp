@@ -46,6 +46,7 @@ FormHra::FormHra(std::string programFolder, const Settings& settings)
   MakeControls();
   game.hooks = &hooks_;
   game.settings = &settings_;
+  game.random = Random(ClockOfTheDay());
 }
 
 void FormHra::MakeHooks() {
@@ -72,7 +73,10 @@ void FormHra::MakeHooks() {
   hooks_.showCell = [this](int x, int y) { MoveSurface(idleft(x), idtop(y)); };
   hooks_.scrollFreely = [this] { ScrollFreely(); };
   hooks_.showMessage = [this](const std::string& text, std::uint32_t colour) { ShowMessage(text, colour); };
-  hooks_.flash = [this] { Flash(); };
+  hooks_.flash = [this] {
+    ShowCounters();
+    Flash();
+  };
   hooks_.pulse = [this](std::uint32_t colour) { Picture7.set_back_colour(ScreenColour(colour)); };
   hooks_.tickDone = [this] { ShowCounters(); };
   hooks_.playSound = [this](int sound, bool yielding) {
@@ -86,8 +90,14 @@ void FormHra::MakeHooks() {
   hooks_.clock = ClockOfTheDay;
   hooks_.startTimer = [this] { tmrHra.Start(); };
   hooks_.stopTimer = [this] { StopTick(); };
-  hooks_.pause = [this] { ShowBox(LangStr[97], HeroName); };
-  hooks_.idlePause = [this] { ShowBox(LangStr[100], LangStr[98]); };
+  hooks_.pause = [this] {
+    ShowCounters();
+    ShowBox(LangStr[97], HeroName);
+  };
+  hooks_.idlePause = [this] {
+    ShowCounters();
+    ShowBox(LangStr[100], LangStr[98]);
+  };
   hooks_.readReplayLine = [this](std::string& line) { return ReadReplayLine(line); };
   hooks_.won = [this] { WinGame(); };
   hooks_.restart = [this] { Command3_Click(); };
@@ -100,7 +110,11 @@ void FormHra::OpenCave(int n) {
   const std::string text = LoadCaveText(SetFile, n);
   game.PlayingReplay = false;
   game.TestPlay = false;
-  PaintCave(text);
+  try {
+    PaintCave(text);
+  } catch (const Fault& fault) {
+    throw Fault("cave " + std::to_string(n) + ": " + fault.what(), SetFile);
+  }
 }
 
 void FormHra::PaintCave(const std::string& caveText) {
@@ -142,6 +156,7 @@ void FormHra::Command4_Click() {
   const bool running = tmrHra.enabled();
   tmrHra.Stop();
   if (showSettings) showSettings();
+  game.ProjedKlv();  // what was pressed in the dialog moves nobody
   tmrHra.set_enabled(running);
 }
 
@@ -181,7 +196,7 @@ void FormHra::tmrHra_Timer() {
     game.tmrHra_Timer();
   } catch (const Fault& fault) {
     if (!game.PlayingReplay) throw;
-    ReplayFailed("line " + std::to_string(replayNext_ + kFirstTickLine - 1) + ": " + fault.what());
+    TellReplayFault("line " + std::to_string(replayNext_ + kFirstTickLine - 1) + ": " + fault.what());
     return;
   }
   ShowHint();
@@ -192,6 +207,7 @@ void FormHra::tmrHra_Timer() {
 }
 
 void FormHra::KeyDown(platform::KeyEvent& event) {
+  if (event.repeated) return;  // a key still held from the cave before starts nothing
   switch (event.code) {
     case platform::kKeyEnter:
     case platform::kKeySpace:
@@ -227,8 +243,10 @@ void FormHra::ReadCave(const CaveRecord& record) {
 void FormHra::DrawStrip() {
   Psi.surface().Reset(9 * kStripStep, kStripStep, pictures_->ratio(), platform::Application::theme().background);
   for (int i = 1; i <= game.HeroCount; ++i) {
-    if (game.Heroes[static_cast<std::size_t>(i)].alive == 0) continue;
-    PaintStrip(i, i == game.CurrentHero ? picture::kSinglePes : picture::kMultiPes + i - 1);
+    const bool alive = game.Heroes[static_cast<std::size_t>(i)].alive != 0;
+    PaintStrip(i, !alive                  ? picture::kMrtvejPes
+                  : i == game.CurrentHero ? picture::kSinglePes
+                                          : picture::kMultiPes + i - 1);
   }
   Psi.set_visible(game.HeroCount != 1);
 }
@@ -327,13 +345,15 @@ void FormHra::ShowCounters() {
   lblTreba.set_caption(digits("%03d", game.Need));
   lblBz1.set_caption(digits("%02d", game.PointsNow));
   lblBody.set_caption(digits("%05d", game.Score));
+  if (lblCas.text_width() > lblCas.width() || lblBz1.text_width() > lblBz1.width()) PlaceCounters();
 }
 
 /// When nobody is left to move, or the time is out, tells how to go on.
 void FormHra::ShowHint() {
-  const bool stuck = !game.Won && !game.PlayingReplay &&
-                     (game.lblCas == 0 || std::none_of(game.Heroes.begin(), game.Heroes.end(),
-                                                       [](const HeroRecord& hero) { return hero.alive != 0; }));
+  const bool stuck =
+      !game.Won && !game.PlayingReplay &&
+      (!(game.TimeLimit > game.ElapsedTime) ||
+       std::none_of(game.Heroes.begin(), game.Heroes.end(), [](const HeroRecord& hero) { return hero.alive != 0; }));
   if (Picture8.visible() != stuck) Picture8.set_visible(stuck);
 }
 
@@ -380,7 +400,8 @@ void FormHra::Replay() {
   try {
     StartReplay();
   } catch (const Fault& fault) {
-    ReplayFailed(fault.what());
+    TellReplayFault(fault.what());
+    EndGame_Click();  // there is no cave to look at
   }
 }
 
@@ -413,9 +434,8 @@ bool FormHra::ReadReplayLine(std::string& line) {
   return true;
 }
 
-void FormHra::ReplayFailed(const std::string& what) {
+void FormHra::TellReplayFault(const std::string& what) {
   tmrHra.Stop();
   const std::string text = FromUtf8(Fault(what, CurrentFile).message(), CodePage::k1250);
   platform::ShowMessageBox({text, caption(), platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
-  EndGame_Click();
 }

@@ -141,7 +141,7 @@ class FormHra : public platform::Form {
   std::string RecordPath() const;
   void StartReplay();
   bool ReadReplayLine(std::string& line);
-  void ReplayFailed(const std::string& what);
+  void TellReplayFault(const std::string& what);
 
   std::string folder_;
   const Settings& settings_;

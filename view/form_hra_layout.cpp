@@ -1,6 +1,6 @@
 // How the game window looks: controls, pictures, places, colours.
 
-#include <cmath>
+#include <algorithm>
 
 #include "base/code_page.h"
 #include "base/lang_str.h"
@@ -141,7 +141,7 @@ void FormHra::PlaceCounters() {
       left += caption->width() + m.inCounter;
     }
     value.set_font({m.value, true, false, false});
-    value.SetBounds(left, m.edge, digits * m.value * 2 / 3 + 2, m.panel);
+    value.SetBounds(left, m.edge, std::max(digits * m.value * 2 / 3, value.text_width()) + 2, m.panel);
     left += value.width() + m.between;
   };
   place(imgCas, &Label1, lblCas, 3);
@@ -238,5 +238,8 @@ void FormHra::SetLW() {
   Label7.set_caption(LangStr[88]);
   Command4.set_caption(LangStr[59]);
   EndGame.set_caption(LangStr[6]);
-  if (pictures_) FrmLoad();
+  if (!pictures_) return;
+  PlaceCounters();
+  PlaceFooter();
+  PlaceOverlays();
 }
