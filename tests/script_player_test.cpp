@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -71,12 +72,21 @@ TEST(ScriptPlayer, ActsWithoutMoving) {
   EXPECT_EQ(Play({"1;.", "DWW"}, "r d R").picture, ".1.\n.WW\n");
   const Played late = Play({"D.", ".1", "WW"}, ".1 l");  // the gem comes down beside the hero first
   EXPECT_EQ(late.picture, "..\n.1\nWW\n");
-  // What falls away from beside the hero was not taken by him.
-  EXPECT_EQ(Play({"D...", "..1.", "....", "WWWW"}, "L l").outcome, Outcome::Stuck);
+  EXPECT_EQ(Play({"1!.", "WWW"}, "r").picture, "1..\nWWW\n");
+  for (const char* object : {"R", "D", "!"}) {  // what falls away from beside the hero was not taken by him
+    EXPECT_EQ(Play({"1" + std::string(object) + "..", "....", "WWWW"}, "r").outcome, Outcome::Stuck) << object;
+  }
+}
+
+TEST(ScriptPlayer, DrawsByItsSeed) {
+  std::set<int> ticks;
+  for (std::uint64_t seed = 1; seed <= 20; ++seed) ticks.insert(Play({"1R..", "WWWW"}, "R", 1, seed).ticks);
+  EXPECT_GT(ticks.size(), 2u);
 }
 
 TEST(ScriptPlayer, WaitsForTicksGemsAndCells) {
-  EXPECT_EQ(Play({"1..."}, "R .5 @9 @3 R").ticks, 10);
+  EXPECT_EQ(Play({"1..."}, "R .5 R").ticks, 7);
+  EXPECT_EQ(Play({"1..."}, "R @9 @3 R").ticks, 10);
   EXPECT_EQ(Play({"R1.", "...", "..."}, "?0,2=R R").ticks, 3);
   EXPECT_EQ(Play({"R1.", "...", "..."}, "?0,0!R R").ticks, 2);
   EXPECT_EQ(Play({"R1.", "...", "..."}, "?-1,+2=R R").ticks, 3);
@@ -92,7 +102,7 @@ TEST(ScriptPlayer, SelectsHeroes) {
   EXPECT_EQ(Play({"1..2."}, "#2 R #1 R").picture, ".1..2\n");
   const Played dead = Play({"1W2R", "WW;.", "WWWW"}, "#2 D #1 #2");
   EXPECT_EQ(dead.outcome, Outcome::ScriptEnded);
-  EXPECT_EQ(Play({"1.W", "..W"}, "#3").explanation, "hero 3 is dead");
+  EXPECT_EQ(Play({"1.W", "..W"}, "#3").explanation, "there is no hero 3");
 }
 
 TEST(ScriptPlayer, WaitsInTheTeleport) {

@@ -244,7 +244,8 @@ bool ScriptPlayer::WaitIsOver(const ScriptStep& step) const {
 bool ScriptPlayer::CanBeTried(const ScriptStep& step) {
   const auto dead = [this](int hero) {
     if (game_.Heroes[static_cast<std::size_t>(hero)].alive != 0) return false;
-    End(Outcome::HeroDead, "hero " + std::to_string(hero) + " is dead");
+    const std::string number = "hero " + std::to_string(hero);
+    End(Outcome::HeroDead, hero > game_.HeroCount ? "there is no " + number : number + " is dead");
     return true;
   };
   const bool isWalkOrAct = step.kind == Kind::Walk || step.kind == Kind::Act;
