@@ -57,7 +57,7 @@ Samples Converted(const Wave& wave) {
   steps.len_cvt = steps.len;  // stays when there is nothing to convert
   if (steps.needed != 0 && SDL_ConvertAudio(&steps) < 0) return {};
   Samples samples(static_cast<std::size_t>(steps.len_cvt) / (sizeof(float) * kChannels) * kChannels);
-  std::memcpy(samples.data(), buffer.data(), samples.size() * sizeof(float));
+  if (!samples.empty()) std::memcpy(samples.data(), buffer.data(), samples.size() * sizeof(float));
   return samples;
 }
 
