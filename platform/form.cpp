@@ -210,7 +210,7 @@ bool Form::HandleKey(KeyEvent event, bool down) {
   }
   if (keys_go_to_game_) return true;
   if (!down) return false;
-  const bool button_has_focus = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+  const bool button_has_focus = qobject_cast<QPushButton*>(QApplication::focusWidget());
   Button* button = code == kKeyEscape                       ? cancel_button_
                    : code == kKeyEnter && !button_has_focus ? default_button_
                                                             : nullptr;

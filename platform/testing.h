@@ -10,8 +10,8 @@
 /// offscreen platform.
 namespace platform::user {
 
-/// Makes the offscreen platform the default one, with a screen of so many logical pixels. Call before the Application is
-/// made; an environment that names a platform is left as it is. QT_SCALE_FACTOR gives the screen more device pixels.
+/// Makes the offscreen platform the default one, with a screen of so many logical pixels. Call before the Application
+/// is made; an environment that names a platform is left as it is. QT_SCALE_FACTOR gives the screen more device pixels.
 void UseOffscreen(int width = 1280, int height = 800);
 
 /// Keys of the window that has the input, by virtual-key code; shift is the state to report.

@@ -25,7 +25,7 @@ class Program {
   explicit Program(std::string folder) : folder_(std::move(folder)), analyze_(folder_), hra_(folder_, settings_) {
     hra_.frmAnalyze = &analyze_;
     settings_.SetSett();
-    settings_.settingsTaken = [this] { TakeSpeed(); };
+    settings_.settingsTaken = [this] { hra_.SetSpeed(); };
     hra_.showSettings = [this] {
       settings_.SetSett();
       settings_.ShowModal();
@@ -56,11 +56,6 @@ class Program {
   }
 
  private:
-  void TakeSpeed() {
-    const int speed = hra_.game.PlayingReplay ? settings_.RychlostZ : settings_.Rychlost;
-    hra_.tmrHra.set_interval((speed - 1) * 20 + 1);
-  }
-
   void OpenNextCave() {
     ++cave_;
     if (LoadCaveText(hra_.SetFile, cave_).empty()) cave_ = 1;

@@ -160,6 +160,11 @@ void FormHra::Command4_Click() {
   tmrHra.set_enabled(running);
 }
 
+void FormHra::SetSpeed() {
+  const int speed = game.PlayingReplay ? settings_.RychlostZ : settings_.Rychlost;
+  tmrHra.set_interval((speed - 1) * 20 + 1);
+}
+
 void FormHra::EndGame_Click() {
   StopTick();
   tmrSeconds.Stop();

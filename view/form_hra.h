@@ -48,6 +48,8 @@ class FormHra : public platform::Form {
   /// Position of the surface that centres a cell, as far as the cave reaches. In logical pixels.
   double idleft(int x) const;
   double idtop(int y) const;
+  /// Takes the speed of play, or of a replay while one runs, over from the settings.
+  void SetSpeed();
   /// Texts of the language in force.
   void SetLW();
 

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "campaign/frm_settings.h"
+#include "cave/cave_text.h"
+#include "platform/application.h"
+#include "platform/testing.h"
+#include "view/form_hra.h"
+
+inline const std::string kData = ZORBIK_PROGRAM_DATA;
+inline const std::string kPictures = kData + "/pictures";
+
+/// A cave from rows with "/" between them, in the characters of cave text.
+inline CaveRecord Cave(std::string_view rows) {
+  CaveRecord record;
+  record.Name = "Doupe";
+  record.Time = 150;
+  record.Need = 9;
+  record.PointsBefore = 5;
+  record.PointsAfter = 20;
+  record.MagicTime = 1;
+  record.AmoebaTime = 100;
+  record.Tint = 2;
+  int x = 0;
+  for (const char c : rows) {
+    if (c == '/') {
+      ++record.Height;
+      x = 0;
+    } else {
+      record.Cell(x++, record.Height) = c;
+      record.Width = static_cast<std::uint8_t>(x);
+    }
+  }
+  ++record.Height;
+  return record;
+}
+
+/// A cave of nothing but dirt, with a hero at (x, y).
+inline CaveRecord DirtCave(int width, int height, int x, int y) {
+  CaveRecord record = Cave(";");
+  record.Width = static_cast<std::uint8_t>(width);
+  record.Height = static_cast<std::uint8_t>(height);
+  for (int row = 0; row < height; ++row) {
+    for (int column = 0; column < width; ++column) record.Cell(column, row) = ';';
+  }
+  record.Cell(x, y) = '1';
+  return record;
+}
+
+/// The game window with its settings; the tests make the ticks themselves unless they let the timer run.
+struct Game {
+  explicit Game(const CaveRecord& cave) : text(BuildCaveText(cave)) {
+    form.restartCave = [this] {
+      ++restarts;
+      Open();
+    };
+    form.leave = [this] { ++left; };
+    form.showSettings = [this] {
+      settings.SetSett();
+      settings.ShowModal();
+    };
+    settings.settingsTaken = [this] { form.SetSpeed(); };
+  }
+
+  void Open() {
+    form.PaintCave(text);
+    form.Show();
+    platform::user::WaitUntil([this] { return form.visible(); });
+    platform::user::Wait(20);
+  }
+  /// On show, started, with its timer stopped.
+  void Start() {
+    Open();
+    form.Command1_Click();
+    form.tmrHra.Stop();
+  }
+  void Tick(int times = 1) {
+    for (int i = 0; i < times; ++i) form.tmrHra_Timer();
+  }
+  const HeroRecord& Hero() const { return form.game.Heroes[static_cast<std::size_t>(form.game.CurrentHero)]; }
+  int Tile() const { return static_cast<int>(form.TileTw); }
+  platform::Rect Cell(int x, int y) const { return {x * Tile(), y * Tile(), Tile(), Tile()}; }
+  platform::Picture Shown(int x, int y) { return form.KOMNATA.surface().Snapshot().Part(Cell(x, y)); }
+
+  std::string text;
+  int restarts = 0;
+  int left = 0;
+  FrmSettings settings;
+  FormHra form{kData, settings};
+};
+
+inline TilePictures PicturesOf(const Game& game, int tint) {
+  TilePictures pictures(kPictures, game.Tile(), platform::Application::PixelRatio());
+  pictures.LoadTint(tint);
+  return pictures;
+}

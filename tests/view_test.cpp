@@ -1,0 +1,544 @@
+// The game window on the offscreen platform, driven by keys and mouse as a player does.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/lang_str.h"
+#include "base/language.h"
+#include "cave/set_file.h"
+#include "game_window.h"
+#include "platform/keys.h"
+#include "platform/message_box.h"
+#include "temp_folder.h"
+
+using namespace platform;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+/// Answers boxes while it exists and keeps what they said.
+class Boxes {
+ public:
+  explicit Boxes(std::function<void()> meanwhile = {}) {
+    SetBoxResponder([this, meanwhile = std::move(meanwhile)](const MessageBox& box) {
+      texts.push_back(box.title + ": " + box.text);
+      if (meanwhile) meanwhile();
+      return BoxAnswer::kOk;
+    });
+  }
+  ~Boxes() { SetBoxResponder({}); }
+  Boxes(const Boxes&) = delete;
+  Boxes& operator=(const Boxes&) = delete;
+
+  std::vector<std::string> texts;
+};
+
+// ----------------------------------------------------------------------------------------------- Opening and starting
+
+TEST(GameWindowTest, ShowsACaveOfASetAndWaitsForStart) {
+  const TempFolder folder;
+  EditedSet set;
+  set.Name = "Sada";
+  set.PocetK = 2;
+  set.KomText[1] = BuildCaveText(Cave("1;T"));
+  set.KomText[2] = BuildCaveText(DirtCave(30, 20, 2, 2));
+  const std::string file = folder.Path("sada.zb");
+  SaveColl(file, set);
+
+  Game game(Cave("1"));
+  game.form.SetFile = file;
+  game.form.PlayerName = "Eva";
+  game.form.OpenCave(2);
+  game.form.Show();
+  user::Wait(20);
+  EXPECT_EQ(game.form.lblName.caption(), "Doupe");
+  EXPECT_THAT(game.form.caption(), ::testing::HasSubstr("Eva"));
+  EXPECT_EQ(game.form.lblCas.caption() + game.form.lblTreba.caption() + game.form.lblBz1.caption(), "15000905");
+  EXPECT_EQ(game.form.KOMNATA.width(), 30 * game.Tile());
+  EXPECT_EQ(user::Grab(game.form.KOMNATA).Part(game.Cell(2, 2)), PicturesOf(game, 2)[picture::kImgZBP]);
+  EXPECT_TRUE(game.form.Picture5.visible());
+  EXPECT_FALSE(game.form.tmrHra.enabled());
+  user::Click(game.form.Command1);
+  EXPECT_FALSE(game.form.Picture5.visible());
+  EXPECT_TRUE(user::WaitUntil([&] { return game.form.game.ElapsedTime > 0; })) << "the timer makes ticks";
+
+  game.form.OpenCave(1);
+  EXPECT_EQ(game.form.KOMNATA.width(), 3 * game.Tile());
+  EXPECT_FALSE(game.form.tmrHra.enabled());
+  user::TapKey(kKeyEnter);
+  EXPECT_FALSE(game.form.Picture5.visible());
+  EXPECT_TRUE(game.form.tmrHra.enabled());
+  game.form.OpenCave(3);
+  EXPECT_FALSE(game.form.visible()) << "there is no such cave";
+}
+
+// ----------------------------------------------------------------------------------------------------------- The view
+
+TEST(GameViewTest, IsCentredOnTheHeroAsFarAsTheCaveReaches) {
+  const auto view = [](int width, int height, int x, int y) {
+    Game game(DirtCave(width, height, x, y));
+    game.Start();
+    EXPECT_EQ(game.form.KOMNATA.left(), game.form.idleft(x));
+    EXPECT_EQ(game.form.KOMNATA.top(), game.form.idtop(y));
+    return std::pair(game.form.idleft(x) / game.Tile(), game.form.idtop(y) / game.Tile());
+  };
+  EXPECT_EQ(view(40, 22, 0, 0), std::pair(0.0, 0.0));
+  EXPECT_EQ(view(40, 22, 9, 5), std::pair(0.0, 0.0));
+  EXPECT_EQ(view(40, 22, 10, 6), std::pair(-1.0, -1.0));
+  EXPECT_EQ(view(40, 22, 30, 16), std::pair(-21.0, -11.0));
+  EXPECT_EQ(view(40, 22, 39, 21), std::pair(-21.0, -11.0));
+  EXPECT_EQ(view(19, 11, 18, 10), std::pair(0.0, 0.0));
+  EXPECT_EQ(view(7, 4, 3, 2), std::pair(12.0, 7.0)) << "a small cave lies in the lower right corner";
+}
+
+TEST(GameViewTest, FollowsAHeroWhoWalksOnAHeldKey) {
+  Game game(DirtCave(40, 22, 9, 8));
+  game.Start();
+  user::PressKey(kKeyRight);
+  for (int step = 1; step <= 5; ++step) {
+    game.Tick();
+    EXPECT_EQ(game.Hero().x, 9 + step);
+    EXPECT_EQ(game.form.KOMNATA.left(), -step * game.Tile());
+  }
+  user::ReleaseKey(kKeyRight);
+  game.Tick();
+  EXPECT_EQ(game.Hero().x, 14);
+}
+
+TEST(GameViewTest, ScrollsFreelyInAReplayAndStopsAtTheEdges) {
+  Game game(DirtCave(40, 22, 20, 10));
+  Hooks hooks = *game.form.game.hooks;
+  hooks.readReplayLine = [](std::string& line) {
+    line = "BAAB";  // nothing drawn for amoeba, no key, hero 1
+    return true;
+  };
+  game.form.game.hooks = &hooks;
+  game.form.game.PlayingReplay = true;
+  game.Start();
+  const double centre = game.form.idleft(20);
+  user::PressKey(kKeyCtrl);
+  user::PressKey('C', kCtrl);
+  game.Tick();
+  user::ReleaseKey('C');
+  user::ReleaseKey(kKeyCtrl);
+  EXPECT_FALSE(game.form.game.FollowHero);
+  EXPECT_EQ(game.form.KOMNATA.left(), centre);
+  const auto hold = [&game](int key, int ticks) {
+    user::PressKey(key);
+    game.Tick(ticks);
+    user::ReleaseKey(key);
+    game.Tick();
+    return std::pair(game.form.KOMNATA.left(), game.form.KOMNATA.top());
+  };
+  const int tile = game.Tile();
+  const int y = static_cast<int>(game.form.idtop(10));
+  EXPECT_EQ(hold(kKeyRight, 1).first, static_cast<int>(centre) - tile * 3 / 2);
+  EXPECT_EQ(hold(kKeyRight, 20), std::pair(-21 * tile, y));
+  EXPECT_EQ(hold(kKeyDown, 20), std::pair(-21 * tile, -11 * tile));
+  EXPECT_EQ(hold(kKeyLeft, 30), std::pair(0, -11 * tile));
+  EXPECT_EQ(hold(kKeyUp, 20), std::pair(0, 0));
+}
+
+// ----------------------------------------------------------------------------------------------------------- The keys
+
+TEST(GameKeysTest, TapsCountTheNewestKeyWinsAndLostFocusLetsGo) {
+  Game game(DirtCave(19, 11, 5, 5));
+  game.Start();
+  const auto after = [&game](int ticks) {
+    game.Tick(ticks);
+    return std::pair<int, int>(game.Hero().x, game.Hero().y);
+  };
+  user::TapKey(kKeyDown);
+  EXPECT_EQ(after(3), std::pair(5, 6)) << "one step for a tap between two ticks";
+  user::PressKey(kKeyLeft);
+  EXPECT_EQ(after(1), std::pair(4, 6));
+  user::PressKey(kKeyRight);
+  EXPECT_EQ(after(2), std::pair(6, 6)) << "the newest key wins";
+  user::ReleaseKey(kKeyRight);
+  EXPECT_EQ(after(1), std::pair(5, 6)) << "and gives way to the older one";
+  user::SetProgramActive(false);
+  EXPECT_EQ(after(2), std::pair(5, 6));
+  user::SetProgramActive(true);
+  user::PressKey(kKeyCtrl);
+  user::PressKey(kKeyUp);
+  EXPECT_EQ(after(1), std::pair(5, 6)) << "with the action key the hero digs and stays";
+  EXPECT_EQ(game.form.game.Tiles(5, 5), Empty);
+  user::ReleaseKey(kKeyUp);
+  user::ReleaseKey(kKeyCtrl);
+}
+
+TEST(GameKeysTest, CtrlRRestartsAlsoWhenStruckBetweenTwoTicks) {
+  Game game(DirtCave(19, 11, 5, 5));
+  game.Start();
+  user::TapKey('R');
+  user::TapKey(kKeyCtrl);
+  game.Tick(2);
+  EXPECT_EQ(game.restarts, 0) << "one after the other is no chord";
+  user::PressKey(kKeyCtrl);
+  user::TapKey('R', kCtrl);
+  user::ReleaseKey(kKeyCtrl);
+  game.form.tmrHra.Start();
+  EXPECT_EQ(game.restarts, 0);
+  game.form.tmrHra.Stop();
+  game.Tick(2);
+  EXPECT_EQ(game.restarts, 0) << "struck while the game stood still";
+  game.Start();
+  game.form.tmrHra.Start();
+  user::PressKey(kKeyCtrl);
+  user::TapKey('R', kCtrl);
+  user::ReleaseKey(kKeyCtrl);
+  EXPECT_TRUE(user::WaitUntil([&] { return game.restarts > 0; }));
+  user::Wait(200);
+  EXPECT_EQ(game.restarts, 1);
+  game.Start();
+  user::PressKey(kKeyCtrl);
+  user::PressKey('R', kCtrl);
+  game.Tick();
+  EXPECT_EQ(game.restarts, 2) << "held";
+  user::ReleaseKey('R');
+  user::ReleaseKey(kKeyCtrl);
+}
+
+TEST(GameKeysTest, PauseBoxStopsTheGameAndForgetsKeys) {
+  Game game(DirtCave(19, 11, 5, 5));
+  game.Open();
+  game.form.Command1_Click();
+  int ticksInside = 0;
+  user::TapKey('P');
+  bool asked = false;
+  user::Later(400, [&] {
+    asked = !user::GrabFront().empty();
+    const double elapsed = game.form.game.ElapsedTime;
+    user::TapKey(kKeyRight);
+    user::Wait(200);
+    ticksInside = game.form.game.ElapsedTime > elapsed ? 1 : 0;
+    user::TapKey(kKeyEnter);
+  });
+  ASSERT_TRUE(user::WaitUntil([&] { return asked; }));
+  const double elapsed = game.form.game.ElapsedTime;
+  ASSERT_TRUE(user::WaitUntil([&] { return game.form.game.ElapsedTime > elapsed + 0.15; })) << "it goes on";
+  EXPECT_EQ(ticksInside, 0);
+  EXPECT_EQ(game.Hero().x, 5) << "a key pressed in the box moves nobody";
+
+  game.Start();
+  const Boxes boxes;
+  user::TapKey('P');
+  game.Tick(2);
+  EXPECT_THAT(boxes.texts, ElementsAre(HeroName + ": " + LangStr[97]));
+}
+
+TEST(GameKeysTest, IdleBoxComesOnceInThirtySecondsAndOnlyIfWanted) {
+  CaveRecord cave = DirtCave(19, 11, 5, 5);
+  cave.Time = 190;
+  Game game(cave);
+  game.Start();
+  const Boxes boxes;
+  game.Tick(298);
+  EXPECT_THAT(boxes.texts, IsEmpty());
+  game.Tick(300);
+  EXPECT_THAT(boxes.texts, ElementsAre(LangStr[98] + ": " + LangStr[100]));
+  game.settings.DatPauzu = 0;
+  game.Tick(300);
+  EXPECT_EQ(boxes.texts.size(), 1u);
+}
+
+/// The pictures of the strip, by hero.
+std::vector<int> StripOf(Game& game, const std::vector<int>& candidates) {
+  std::vector<int> found;
+  const Picture strip = game.form.Psi.surface().Snapshot();
+  for (int hero = 1; hero <= game.form.game.HeroCount; ++hero) {
+    found.push_back(-1);
+    for (const int number : candidates) {
+      Surface expected;
+      expected.Reset(25, 25, Application::PixelRatio(), Application::theme().background);
+      expected.Copy(LoadNumbered(kPictures, number, 25, Application::PixelRatio()), 0, 0);
+      if (expected.Snapshot() == strip.Part({25 * (hero - 1), 0, 25, 25})) found.back() = number;
+    }
+  }
+  return found;
+}
+
+TEST(GameHeroesTest, TabAndNumbersSelectAndTheStripShowsIt) {
+  constexpr int kOne = picture::kMultiPes;
+  constexpr int kTwo = picture::kMultiPes + 1;
+  constexpr int kThree = picture::kMultiPes + 2;
+  constexpr int kSelected = picture::kSinglePes;
+  constexpr int kDead = picture::kMrtvejPes;
+  Game game(Cave("1;;;;;2;;;;;3"));
+  const auto strip = [&] { return StripOf(game, {kOne, kTwo, kThree, kSelected, kDead}); };
+  const auto tap = [&](int code, int action = 0) {
+    if (action != 0) user::PressKey(action);
+    user::TapKey(code);
+    game.Tick();
+    if (action != 0) user::ReleaseKey(action);
+    return game.form.game.CurrentHero;
+  };
+  game.Start();
+  const TilePictures pictures = PicturesOf(game, 2);
+  EXPECT_TRUE(game.form.Psi.visible());
+  EXPECT_THAT(strip(), ElementsAre(kSelected, kTwo, kThree));
+  EXPECT_EQ(tap(kKeyTab, kKeyShift), 2) << "forward";
+  EXPECT_THAT(strip(), ElementsAre(kOne, kSelected, kThree));
+  EXPECT_EQ(game.Shown(0, 0), pictures[kOne]);
+  EXPECT_EQ(game.Shown(6, 0), pictures[picture::kImgZBP]);
+  EXPECT_EQ(tap(kKeyTab), 1) << "backward";
+  EXPECT_EQ(tap(kNumpad0 + 3), 3);
+  EXPECT_THAT(strip(), ElementsAre(kOne, kTwo, kSelected));
+  game.form.game.Exploze(6, 0, 0, 0);
+  game.Tick();
+  EXPECT_THAT(strip(), ElementsAre(kOne, kDead, kSelected));
+  EXPECT_EQ(tap(kKeyTab), 1) << "past the dead one";
+  EXPECT_EQ(tap(kNumpad0 + 2), 1);
+  EXPECT_FALSE(game.form.Picture8.visible());
+  game.form.game.Exploze(0, 0, 0, 0);
+  game.form.game.Exploze(12, 0, 0, 0);
+  game.Tick();
+  EXPECT_THAT(strip(), ElementsAre(kDead, kDead, kDead));
+  EXPECT_TRUE(game.form.Picture8.visible()) << "nobody is left: how to go on";
+  game.Start();
+  EXPECT_FALSE(game.form.Picture8.visible());
+
+  Game alone(Cave("1;;"));
+  alone.Start();
+  EXPECT_FALSE(alone.form.Psi.visible());
+}
+
+// --------------------------------------------------------------------------------------------------------- The window
+
+TEST(GameFormTest, ClosingEndsTheGameAndKeepsTheForm) {
+  Game game(DirtCave(19, 11, 5, 5));
+  game.Open();
+  game.form.Command1_Click();
+  game.form.Close();
+  EXPECT_FALSE(game.form.visible());
+  EXPECT_FALSE(game.form.tmrHra.enabled());
+  EXPECT_EQ(game.left, 1);
+  game.Open();
+  EXPECT_TRUE(game.form.visible());
+  EXPECT_EQ(user::Grab(game.form.KOMNATA).Part(game.Cell(5, 5)), PicturesOf(game, 2)[picture::kImgZBP]);
+  user::TapKey(kKeyEscape);
+  EXPECT_EQ(game.left, 2);
+  EXPECT_FALSE(game.form.visible());
+}
+
+TEST(GameFormTest, AMinimisedWindowStandsStillAndGoesOnOnlyIfItRan) {
+  Game game(DirtCave(19, 11, 5, 5));
+  game.Open();
+  const auto set = [&game](WindowState state) {
+    game.form.set_window_state(state);
+    user::Wait(30);
+    return game.form.tmrHra.enabled();
+  };
+  EXPECT_FALSE(set(WindowState::kMinimised));
+  EXPECT_FALSE(set(WindowState::kNormal)) << "it still waits for the start";
+  game.form.Command1_Click();
+  EXPECT_FALSE(set(WindowState::kMinimised));
+  EXPECT_TRUE(set(WindowState::kNormal));
+  set(WindowState::kMinimised);
+  game.form.EndGame_Click();
+  EXPECT_FALSE(set(WindowState::kNormal));
+  game.Open();
+  EXPECT_FALSE(game.form.tmrHra.enabled()) << "the game that ran is over, the new one waits";
+}
+
+TEST(GameFormTest, SettingsStopTheTickAndSetItsInterval) {
+  Game game(DirtCave(19, 11, 5, 5));
+  game.Open();
+  bool stopped = false;
+  const auto change = [&] {
+    user::Later(100, [&] {
+      stopped = game.settings.visible() && !game.form.tmrHra.enabled();
+      ScrollBar& play = game.settings.HScroll1;
+      ScrollBar& replay = game.settings.HScroll2;
+      user::Click(play, play.width() - 5, play.height() / 2);
+      user::Click(replay, 5, replay.height() / 2);
+      user::Click(game.settings.Check1, 9, game.settings.Check1.height() / 2);
+      EXPECT_EQ(game.settings.Rychlost + game.settings.AnimovatAaB, 9) << "nothing is taken before the button";
+      user::TapKey(kKeyEnter);
+    });
+    user::Click(game.form.Command4);
+  };
+  game.form.Command1_Click();
+  EXPECT_EQ(game.form.tmrHra.interval(), 141);
+  change();
+  EXPECT_TRUE(stopped);
+  EXPECT_TRUE(game.form.tmrHra.enabled());
+  EXPECT_EQ(game.settings.Rychlost, 7);
+  EXPECT_EQ(game.settings.RychlostZ, 2);
+  EXPECT_EQ(game.settings.AnimovatAaB, 0);
+  EXPECT_EQ(game.form.tmrHra.interval(), 121);
+  game.form.game.PlayingReplay = true;
+  game.form.SetSpeed();
+  EXPECT_EQ(game.form.tmrHra.interval(), 21);
+
+  game.form.game.PlayingReplay = false;
+  game.form.tmrHra.Stop();
+  user::Later(100, [&] {
+    user::Click(game.settings.Check3, 9, game.settings.Check3.height() / 2);
+    game.settings.Close();
+  });
+  user::TapKey(kF1 + 9);
+  EXPECT_FALSE(game.form.tmrHra.enabled()) << "it was stopped before";
+  EXPECT_EQ(game.settings.Zvuk, 1) << "closed without the button";
+  game.settings.SetSett();
+  EXPECT_EQ(game.settings.Check3.value(), 1);
+}
+
+TEST(GameFormTest, RecordingCanBeTurnedOff) {
+  Game game(DirtCave(19, 11, 5, 5));
+  game.Start();
+  const auto ends = [&game] {
+    const std::string& text = game.form.game.RecordBuffer;
+    return std::count(text.begin(), text.end(), '\n');
+  };
+  EXPECT_EQ(game.form.chkRec.value(), 1);
+  game.Tick(3);
+  EXPECT_EQ(ends(), 4);
+  user::Click(game.form.chkRec, 9, game.form.chkRec.height() / 2);
+  game.Tick(3);
+  EXPECT_EQ(ends(), 4) << "no line ends any more";
+  game.Start();
+  EXPECT_EQ(game.form.chkRec.value(), 1) << "a new cave is recorded again";
+}
+
+TEST(GameFormTest, MessagesAreCentredAndGoByThemselves) {
+  Game game(DirtCave(19, 11, 5, 5));
+  game.Start();
+  EXPECT_EQ(game.form.Message1.caption(), LangStr[89]);
+  for (const char* text : {"short", "a message of some more words than that"}) {
+    game.form.ShowMessage(text, 0x0080FF);
+    EXPECT_EQ(game.form.Message1.width(), game.form.Message1.text_width());
+    EXPECT_EQ(game.form.Picture6.width(), game.form.Message1.width() + 60);
+    EXPECT_EQ(game.form.shpO7.width(), game.form.Picture6.width() - 30);
+    EXPECT_EQ(game.form.Picture6.left(), (game.form.Frame1.width() - game.form.Picture6.width()) / 2);
+    EXPECT_TRUE(game.form.Picture6.visible());
+  }
+  EXPECT_EQ(game.form.Message1.fore_colour(), (Colour{255, 128, 0})) << "blue stands in the high byte";
+  EXPECT_EQ(game.form.tmrMsg.interval(), 3000);
+  EXPECT_TRUE(game.form.tmrMsg.enabled());
+  game.form.tmrMsg.set_interval(20);
+  EXPECT_TRUE(user::WaitUntil([&] { return !game.form.Picture6.visible(); }));
+  EXPECT_FALSE(game.form.tmrMsg.enabled());
+}
+
+TEST(GameFormTest, AnOpeningExitFlashesOverTheWholeWindow) {
+  CaveRecord cave = DirtCave(19, 11, 5, 5);
+  cave.Need = 0;
+  Game game(cave);
+  game.Start();
+  user::Wait(20);
+  user::PaintedPixels();
+  game.Tick();
+  const Frame& view = game.form.Ram;
+  EXPECT_GE(user::PaintedPixels(), view.width() * view.height()) << "painted within the tick";
+  EXPECT_FALSE(game.form.pctBlesk.visible());
+  EXPECT_EQ(game.form.lblBz1.caption(), "20");
+  EXPECT_EQ(game.form.Message1.caption(), LangStr[105]);
+  user::Wait(20);
+  user::PaintedPixels();
+  game.Tick();
+  EXPECT_LT(user::PaintedPixels(), view.width() * view.height()) << "once";
+}
+
+// ---------------------------------------------------------------------------------------------------------- The texts
+
+/// What is wrong with the place of a control's text: "" when it has room.
+std::string Cramped(const Captioned& control) {
+  constexpr int kInButton = 16;    // the button's edges
+  constexpr int kInCheckBox = 28;  // the mark and the gap behind it
+  if (control.caption().empty()) return "";
+  int room = control.width();
+  if (dynamic_cast<const Button*>(&control) != nullptr) room -= kInButton;
+  if (dynamic_cast<const CheckBox*>(&control) != nullptr) room -= kInCheckBox;
+  if (control.text_width() <= room) return "";
+  const auto* label = dynamic_cast<const Label*>(&control);
+  if (label != nullptr && label->text_height() > label->font().size * 14 / 10 &&
+      label->text_height() <= label->height())
+    return "";  // it is broken into lines
+  return "\"" + control.caption() + "\" needs " + std::to_string(control.text_width()) + " of " + std::to_string(room);
+}
+
+std::vector<std::string> CrampedTexts(const Form& form) {
+  std::vector<std::string> found;
+  ForEachControl(form, [&found](Control& control) {
+    const auto* text = dynamic_cast<const Captioned*>(&control);
+    if (text != nullptr && !Cramped(*text).empty()) found.push_back(Cramped(*text));
+  });
+  return found;
+}
+
+class GameTextTest : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(GameTextTest, EveryTextHasItsRoom) {
+  NactiJazyk(kData + "/" + GetParam());
+  CaveRecord cave = Cave("1;2;3;4");
+  cave.Name = "Velmi dlouhe jmeno jedne male komnaty";
+  cave.Description =
+      "Popis, ktery je tak dlouhy, jak jen popis komnaty vubec muze byt, a ktery se proto musi zalomit do "
+      "nekolika radku. Vejde se do nej vic nez sto osmdesat pismen a par carek navic, ale ne vic.";
+  Game game(cave);
+  game.form.SetLW();
+  game.settings.SetLW();
+  game.Open();
+  EXPECT_THAT(CrampedTexts(game.form), IsEmpty());
+  EXPECT_THAT(CrampedTexts(game.settings), IsEmpty());
+  for (const int row : {89, 90, 91, 96, 101, 102, 103, 104, 105}) {
+    game.form.ShowMessage(LangStr[static_cast<std::size_t>(row)], 0xFFFFFF);
+    EXPECT_GE(game.form.Picture6.left(), 0) << row;
+    EXPECT_THAT(Cramped(game.form.Message1), "") << row;
+  }
+}
+
+TEST_P(GameTextTest, ControlsKeepInsideTheWindowAndApart) {
+  NactiJazyk(kData + "/" + GetParam());
+  Game game(Cave("1;2;3;4"));
+  game.form.SetLW();
+  game.Open();
+  FormHra& form = game.form;
+  EXPECT_LE(form.height() + 20, Application::ScreenHeight()) << "the window with its title fits on the screen";
+  EXPECT_LE(form.width(), Application::ScreenWidth());
+  const auto apart = [&form](const std::vector<Control*>& row) {
+    int left = 0;
+    for (const Control* control : row) {
+      EXPECT_GE(control->left(), left);
+      left = control->left() + control->width();
+      EXPECT_LE(control->top() + control->height(), form.Frame1.height());
+    }
+    EXPECT_LE(left, form.Frame1.width());
+  };
+  apart({&form.imgCas, &form.Label1, &form.lblCas, &form.imgSebr, &form.Label2, &form.lblSebr, &form.imgTreba,
+         &form.Label4, &form.lblTreba, &form.imgBz, &form.Label7, &form.lblBz1, &form.imgBody, &form.lblBody,
+         &form.lblName});
+  apart({&form.Psi, &form.imgLamp, &form.chkRec, &form.Command3, &form.Command4, &form.EndGame});
+  apart({&form.Psi, &form.imgLamp, &form.Image2, &form.Label5, &form.Command3});
+  EXPECT_GE(form.lblName.width(), 100);
+  EXPECT_GE(form.Label5.width(), 60);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, GameTextTest, ::testing::Values("cestina.zbl", "english.zbl"),
+                         [](const auto& language) { return std::string(language.param).substr(0, 6); });
+
+}  // namespace
+
+/// "small" as the only argument gives a screen of 800 x 600.
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  if (argc > 1 && std::strcmp(argv[1], "small") == 0) {
+    user::UseOffscreen(800, 600);
+  } else {
+    user::UseOffscreen();
+  }
+  Application application(argc, argv, "Zorbik");
+  NactiJazyk(kData + "/cestina.zbl");
+  Form other;  // with no window on the screen the program would end
+  other.Show();
+  return RUN_ALL_TESTS();
+}
