@@ -32,7 +32,9 @@ class CavePainter {
   static constexpr std::int16_t kPainted = -1;
 
   bool Inside(int x, int y) const { return x >= 0 && y >= 0 && x < columns_ && y < rows_; }
-  std::int16_t& Noted(int x, int y) { return noted_[static_cast<std::size_t>(y * kMaxWidth + x)]; }
+  std::int16_t& Noted(int x, int y) {
+    return noted_[static_cast<std::size_t>(y) * kMaxWidth + static_cast<std::size_t>(x)];
+  }
   /// Paints the cell if its picture has only been noted down.
   void Settle(int x, int y);
 

@@ -89,7 +89,8 @@ void FormHra::FrmLoad() {
   if (screen >= 1024) {
     TileTw = 50;
   } else if (screen < 1000) {
-    TileTw = 2 * (screen / 20 / 2);
+    const int pairs = screen / 20 / 2;  // a tile is an even number of pixels
+    TileTw = 2 * pairs;
   }
   TileTh = TileTw;
   const int tile = static_cast<int>(TileTw);
