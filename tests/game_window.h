@@ -67,8 +67,7 @@ struct Game {
   void Open() {
     form.PaintCave(text);
     form.Show();
-    platform::user::WaitUntil([this] { return form.visible(); });
-    platform::user::Wait(20);
+    platform::user::WaitUntil([this] { return platform::user::HasInput(form); });
   }
   /// On show, started, with its timer stopped.
   void Start() {
