@@ -425,7 +425,7 @@ void FormHra::StartReplay() {
   replayLines_ = std::move(recording.ticks);
   replayNext_ = 0;
   PaintCave(recording.caveText);
-  tmrHra.set_interval((settings_.RychlostZ - 1) * 20 + 1);
+  SetSpeed();
   Image2.set_visible(true);
   Command1_Click();
 }

@@ -228,7 +228,7 @@ void FormHra::PaintPanels() {
   Ram.set_back_colour(ScaledColour(shades.base, 0.25));  // around a cave smaller than the window
   shpRam.set_back_colour(shades.base);
   shpRam.set_fore_colour(shades.light);
-  shpO7.set_back_colour(shades.dark);
+  shpO7.set_back_colour(ScaledColour(shades.dark, 0.5));  // messages come in several colours, all of them light
   shpO7.set_fore_colour(shades.bright);
 }
 
