@@ -122,6 +122,8 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
   QApplication::setPalette(PaletteOf(theme));
   QApplication::setFont(ToQt(Font{}));
   qApp->installEventFilter(&desktop_->keys);
+  // Told when both widgets know it, and not for a menu or list that pops up.
+  QObject::connect(qApp, &QApplication::focusChanged, Native::FocusMoved);
 }
 
 Application::~Application() { delete desktop_; }

@@ -30,6 +30,12 @@ struct MouseEvent {
   int y = 0;
 };
 
+/// The mouse wheel over a control.
+struct WheelEvent {
+  int steps = 0;  // notches; above 0 away from the user, which is up
+  int shift = 0;  // kShift, kCtrl, kAlt
+};
+
 /// A key that went down, also by auto-repeat.
 struct KeyEvent {
   int code = 0;           // virtual-key code
@@ -109,6 +115,11 @@ class Control {
   void Refresh();
   void SetFocus();
   bool has_focus() const;
+  /// Whether Tab stops here. Buttons, bars, lists and text boxes do so from the beginning. A painted control with a tab
+  /// stop (a label as a link, a picture as a button) shows the focus, and Space and Enter click it.
+  void set_tab_stop(bool on);
+  /// Tab comes here from that control. Without it Tab goes through the controls in the order in which they were made.
+  void set_tab_after(const Control& previous);
 
   /// Handlers; an absent one costs nothing. A click is a left button pressed and let go over the control, or a button
   /// pressed by keyboard. The second press of a double click is a press like any other, and without a handler for
@@ -118,6 +129,8 @@ class Control {
   std::function<void(const MouseEvent&)> on_mouse_up;
   std::function<void()> on_click;
   std::function<void()> on_double_click;
+  /// The wheel over the control, or over one inside that does nothing with it.
+  std::function<void(const WheelEvent&)> on_wheel;
   std::function<void()> on_got_focus;
   std::function<void()> on_lost_focus;
 
@@ -129,12 +142,15 @@ class Control {
   const std::string& accessible_name() const { return accessible_name_; }
   /// Called after a change of font, charset or colours: take them over and paint anew.
   virtual void AppearanceChanged();
-  /// True when Qt's widget does something with the mouse by itself and reports clicks, if it has any.
+  /// True when Qt's widget does something with the mouse and keys by itself and reports clicks and double clicks, if it
+  /// has any.
   virtual bool handles_mouse() const { return false; }
+  /// True when Enter, with the focus here, is for this control and not for the form's default button.
+  virtual bool takes_enter() const;
 
  private:
   friend struct Native;
-  friend class MouseTap;
+  friend class EventTap;
 
   QWidget* widget_;
   Container* parent_;

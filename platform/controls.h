@@ -131,6 +131,7 @@ class Button : public Captioned {
  protected:
   void AppearanceChanged() override;
   bool handles_mouse() const override { return true; }
+  bool takes_enter() const override { return true; }
 };
 
 /// A check box. on_click follows a change by the user.

@@ -210,10 +210,11 @@ bool Form::HandleKey(KeyEvent event, bool down) {
   }
   if (keys_go_to_game_) return true;
   if (!down) return false;
-  const bool button_has_focus = qobject_cast<QPushButton*>(QApplication::focusWidget());
-  Button* button = code == kKeyEscape                       ? cancel_button_
-                   : code == kKeyEnter && !button_has_focus ? default_button_
-                                                            : nullptr;
+  const Control* focus = Native::ControlOf(QApplication::focusWidget());
+  const bool enter_is_taken = focus && Native::TakesEnter(*focus);
+  Button* button = code == kKeyEscape                     ? cancel_button_
+                   : code == kKeyEnter && !enter_is_taken ? default_button_
+                                                          : nullptr;
   if (!button) return false;
   button->Click();
   return true;

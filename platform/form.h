@@ -54,8 +54,8 @@ class Form : public Container {
   /// Every key goes to the key state and to on_key_down and to no control: arrows and Tab do not move the focus, Space
   /// and Enter press no button.
   void set_keys_go_to_game(bool on) { keys_go_to_game_ = on; }
-  /// The button that Enter presses when no button has the focus, and the one that Escape presses. The form forgets
-  /// neither: they have to live as long as it does.
+  /// The button that Enter presses, unless the control with the focus needs Enter itself (another button, a text box of
+  /// many lines), and the one that Escape presses. The form forgets neither: they have to live as long as it does.
   void set_default_button(Button* button);
   void set_cancel_button(Button* button) { cancel_button_ = button; }
 

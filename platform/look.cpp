@@ -1,5 +1,7 @@
 #include "platform/look.h"
 
+#include <QAbstractScrollArea>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QPainterPath>
 #include <QStyleFactory>
@@ -72,6 +74,17 @@ void DrawButton(QPainter& painter, const QStyleOption& option) {
   }
 }
 
+/// The ground of a text box or list, with the focus in the accent's colour.
+void DrawField(QPainter& painter, const QStyleOption& option) {
+  const Theme& theme = Application::theme();
+  const QRectF area = QRectF(option.rect).adjusted(1, 1, -1, -2);
+  DrawSunk(painter, area, 5, option.palette.color(QPalette::Base));
+  if (!(option.state & QStyle::State_HasFocus)) return;
+  painter.setPen(QPen(ToQt(theme.accent), 1.5));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPath(Rounded(area.adjusted(0.5, 0.5, -0.5, -0.5), 4.5));
+}
+
 void DrawCheckMark(QPainter& painter, const QStyleOption& option) {
   const Theme& theme = Application::theme();
   const bool enabled = option.state & QStyle::State_Enabled;
@@ -131,6 +144,19 @@ void DrawScrollBar(const QStyle& style, QPainter& painter, const QStyleOptionSli
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(Rounded(part(QStyle::SC_ScrollBarSlider).adjusted(3, 3, -3, -3), 3));
   }
+}
+
+/// A drop-down list: a field, with a raised arrow at its right end.
+void DrawComboBox(const QStyle& style, QPainter& painter, const QStyleOptionComboBox& option, const QWidget* widget) {
+  DrawField(painter, option);
+  const bool enabled = option.state & QStyle::State_Enabled;
+  const bool open = option.state & QStyle::State_On;
+  QColor colour = option.palette.color(QPalette::Button);
+  if (!enabled) colour = colour.darker(150);
+  if (enabled && (option.state & QStyle::State_MouseOver)) colour = colour.lighter(115);
+  const QRectF arrow(style.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, widget));
+  DrawRaised(painter, arrow, 4, colour, ToQt(Application::theme().outline), open);
+  DrawArrow(painter, arrow, Qt::DownArrow, enabled);
 }
 
 /// The sign of a message box: a lit disc or triangle with a mark in it.
@@ -196,6 +222,8 @@ QPalette PaletteOf(const Theme& theme) {
   set(QPalette::Link, theme.link);
   set(QPalette::LinkVisited, theme.link);
   set(QPalette::PlaceholderText, theme.muted_text);
+  palette.setColor(QPalette::Disabled, QPalette::Highlight, ToQt(theme.panel));
+  palette.setColor(QPalette::Disabled, QPalette::HighlightedText, ToQt(theme.muted_text));
   palette.setColor(QPalette::Light, ToQt(theme.button).lighter(130));
   palette.setColor(QPalette::Midlight, ToQt(theme.button));
   palette.setColor(QPalette::Mid, ToQt(theme.panel));
@@ -225,6 +253,16 @@ void Look::drawPrimitive(PrimitiveElement element, const QStyleOption* option, Q
     case PE_FrameFocusRect:  // buttons and check boxes show focus and default themselves
     case PE_FrameDefaultButton:
       break;
+    case PE_PanelLineEdit:
+      DrawField(*painter, *option);
+      break;
+    case PE_Frame:
+      if (qobject_cast<const QAbstractScrollArea*>(widget)) {
+        DrawField(*painter, *option);
+      } else {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+      }
+      break;
     case PE_PanelTipLabel:
       painter->setPen(QPen(ToQt(theme.accent), 1));
       painter->setBrush(ToQt(theme.panel));
@@ -241,9 +279,25 @@ void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex*
   if (control == CC_ScrollBar && slider) {
     const Smooth smooth(painter);
     DrawScrollBar(*this, *painter, *slider, widget);
+  } else if (const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+             control == CC_ComboBox && box && !box->editable) {
+    const Smooth smooth(painter);
+    DrawComboBox(*this, *painter, *box, widget);
   } else {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
   }
+}
+
+QRect Look::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                           const QWidget* widget) const {
+  if (control != CC_ComboBox || part == SC_ComboBoxListBoxPopup) {
+    return QProxyStyle::subControlRect(control, option, part, widget);
+  }
+  constexpr int kArrow = 24;
+  QRect area = option->rect.adjusted(4, 4, -4, -5);
+  if (part == SC_ComboBoxArrow) area.setLeft(area.right() + 1 - kArrow);
+  if (part == SC_ComboBoxEditField) area.adjust(4, 0, -kArrow - 4, 0);
+  return part == SC_ComboBoxFrame ? option->rect : area;
 }
 
 int Look::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
@@ -257,6 +311,8 @@ int Look::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWid
       return kBarWidth;
     case PM_ScrollBarSliderMin:
       return 24;
+    case PM_DefaultFrameWidth:
+      return qobject_cast<const QAbstractScrollArea*>(widget) ? 4 : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_ToolTipLabelFrameWidth:
       return 4;
     case PM_ButtonShiftHorizontal:
@@ -271,6 +327,10 @@ int Look::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWid
 int Look::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {
   // Controls are laid out by hand and get their words from a language file: no keys are underlined.
   if (hint == SH_UnderlineShortcut || hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  // The wheel scrolls what lies below the pointer and never changes a choice by the way.
+  if (hint == SH_ComboBox_AllowWheelScrolling || hint == SH_ComboBox_Popup) return 0;
+  // A single click selects; on some desktops Qt would take it for a double click.
+  if (hint == SH_ItemView_ActivateItemOnSingleClick) return 0;
   return QProxyStyle::styleHint(hint, option, widget, data);
 }
 

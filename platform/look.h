@@ -12,7 +12,7 @@ namespace platform {
 /// The colours of a theme in the roles that Qt's widgets ask for.
 QPalette PaletteOf(const Theme& theme);
 
-/// Buttons, check boxes, scroll bars and boxes as carved from wood: raised or sunk, lit from the upper left.
+/// Buttons, check boxes, scroll bars, fields and boxes as carved from wood: raised or sunk, lit from the upper left.
 class Look : public QProxyStyle {
  public:
   Look();
@@ -21,6 +21,8 @@ class Look : public QProxyStyle {
                      const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                           const QWidget* widget) const override;
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget) const override;
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* data) const override;

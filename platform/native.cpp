@@ -1,5 +1,6 @@
 #include "platform/native.h"
 
+#include <QApplication>
 #include <QFontMetrics>
 #include <QPaintEvent>
 #include <QTextLayout>
@@ -30,6 +31,12 @@ QStringList BreakLine(const QString& line, const QFont& font, int width) {
   return lines.isEmpty() ? QStringList{QString()} : lines;
 }
 
+void DrawFocus(QPainter& painter, const QRectF& area) {
+  painter.setPen(QPen(ToQt(Application::theme().accent), 1.5));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), 4, 4);
+}
+
 }  // namespace
 
 long long Canvas::painted_pixels = 0;
@@ -39,11 +46,11 @@ void Canvas::paintEvent(QPaintEvent* event) {
   for (const QRect& area : event->region()) {
     painted_pixels += std::llround(area.width() * ratio * area.height() * ratio);
   }
-  if (!paint) return;
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  paint(painter);
+  if (paint) paint(painter);
+  if (hasFocus() && focusPolicy() != Qt::NoFocus) DrawFocus(painter, rect());
 }
 
 void DrawPixels(QPainter& painter, const QImage& image, int ratio) {
@@ -81,6 +88,18 @@ QFont ToQt(const Font& font) {
   result.setItalic(font.italic);
   result.setUnderline(font.underline);
   return result;
+}
+
+void SetFieldColours(const Control& control) {
+  const Theme& theme = Application::theme();
+  QWidget* widget = Native::Widget(control);
+  QPalette palette = QApplication::palette(widget);
+  palette.setColor(QPalette::Base, ToQt(control.back_colour().value_or(theme.field)));
+  for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(role, ToQt(control.fore_colour().value_or(theme.text)));
+    palette.setColor(QPalette::Disabled, role, ToQt(theme.muted_text));
+  }
+  widget->setPalette(palette);
 }
 
 TextLayout LayOut(const QString& text, const QFont& font, int wrap_width) {

@@ -24,6 +24,11 @@ struct Native {
   static Picture MakePicture(QImage image, int width, int height, int ratio);
   /// The form of a Qt window or null.
   static Form* FormOf(const QObject* window);
+  /// The control that owns a widget or null.
+  static Control* ControlOf(const QWidget* widget);
+  /// Calls the handlers of lost and got focus. Null: a widget that belongs to no control.
+  static void FocusMoved(const QWidget* from, const QWidget* to);
+  static bool TakesEnter(const Control& control) { return control.takes_enter(); }
   static bool HandleKey(Form& form, KeyEvent event, bool down);
 };
 
@@ -54,6 +59,9 @@ QString ToPlainCaption(const std::string& bytes, Charset charset);
 
 /// A font of the theme.
 QFont ToQt(const Font& font);
+
+/// Gives the widget of a list or text box its control's colours.
+void SetFieldColours(const Control& control);
 
 /// A text laid out in lines. Lines are set closer than the font asks, which leaves room for stacked accents that our
 /// languages do not have.

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -42,8 +43,10 @@ Qt::MouseButton OneButton(int mask) {
 }
 
 void SendKey(QEvent::Type type, int code, int shift, bool auto_repeat) {
-  if (!QTest::qWaitFor([] { return QGuiApplication::focusWindow() != nullptr; }, 10000)) return;
+  // A press waits until a window has the input; the key that has closed one is let go over none.
+  if (type == QEvent::KeyPress) WaitUntil([] { return QGuiApplication::focusWindow() != nullptr; });
   QWindow* window = QGuiApplication::focusWindow();
+  if (!window) return;
   const QtKey key = QtKeyOf(code);
   const QString text = key.key == Qt::Key_Space ? " " : QString();
   qt_handleKeyEvent(window, type, key.key, key.modifiers | Modifiers(shift), text, auto_repeat);
@@ -93,6 +96,23 @@ void TapKey(int code, int shift) {
   ReleaseKey(code, shift);
 }
 
+void Type(const std::string& utf8) {
+  const QString text = QString::fromStdString(utf8);
+  for (const char32_t code : text.toUcs4()) {
+    QWindow* window = QGuiApplication::focusWindow();
+    if (!window) return;
+    const QString character = QString::fromUcs4(&code, 1);
+    const int key = code < 128 ? character.toUpper()[0].unicode() : int{Qt::Key_unknown};
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      qt_handleKeyEvent(window, type, key, Qt::NoModifier, character, false);
+    }
+    QCoreApplication::processEvents();
+  }
+}
+
+void SetClipboard(const std::string& utf8) { QApplication::clipboard()->setText(QString::fromStdString(utf8)); }
+std::string Clipboard() { return QApplication::clipboard()->text().toStdString(); }
+
 void PressMouse(const Control& control, int x, int y, int button, int shift) {
   SendMouse(control, QEvent::MouseButtonPress, x, y, OneButton(button), Buttons(button), shift);
 }
@@ -112,6 +132,19 @@ void DoubleClick(const Control& control, int x, int y) {
   ReleaseMouse(control, x, y);
 }
 void Click(const Control& control) { Click(control, control.width() / 2, control.height() / 2); }
+
+void TurnWheel(const Control& control, int steps, int parts) {
+  QWidget* widget = Native::Widget(control);
+  QWidget* window = widget->window();
+  const QPoint place = widget->mapTo(window, widget->rect().center());
+  for (int part = 0; part < parts; ++part) {
+    QWheelEvent event(place, window->mapToGlobal(place), {}, {0, 120 * steps / parts}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(window->windowHandle(), &event);  // which keeps the event one of the user
+  }
+  QCoreApplication::processEvents();
+}
 
 void SetProgramActive(bool active) {
   QApplicationStateChangeEvent event(active ? Qt::ApplicationActive : Qt::ApplicationInactive);
@@ -147,7 +180,8 @@ Picture Grab(const Control& control) {
 }
 
 Picture GrabFront() {
-  QWidget* front = QApplication::activeModalWidget();
+  QWidget* popup = QApplication::activePopupWidget();
+  QWidget* front = popup ? popup : QApplication::activeModalWidget();
   if (!front) return {};
   const QImage image = front->grab().toImage();
   return Native::MakePicture(image, front->width(), front->height(), qRound(image.devicePixelRatio()));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "platform/control.h"
 #include "platform/form.h"
@@ -19,6 +20,12 @@ void PressKey(int code, int shift = 0, bool auto_repeat = false);
 void ReleaseKey(int code, int shift = 0, bool auto_repeat = false);
 void TapKey(int code, int shift = 0);
 
+/// Types a text, UTF-8, a key for each character.
+void Type(const std::string& utf8);
+/// The desktop's clipboard, UTF-8.
+void SetClipboard(const std::string& utf8);
+std::string Clipboard();
+
 /// The mouse over a control. held: mask of the buttons held while it moves.
 void PressMouse(const Control& control, int x, int y, int button = kLeftButton, int shift = 0);
 void ReleaseMouse(const Control& control, int x, int y, int button = kLeftButton, int shift = 0);
@@ -26,6 +33,9 @@ void MoveMouse(const Control& control, int x, int y, int held = 0);
 void Click(const Control& control, int x, int y, int button = kLeftButton);
 void DoubleClick(const Control& control, int x, int y);
 void Click(const Control& control);  // in its middle
+/// Turns the wheel over the middle of a control by so many notches, above 0 up. A fine wheel sends each in several
+/// parts.
+void TurnWheel(const Control& control, int steps, int parts = 1);
 
 /// The desktop gives the input to another program, or gives it back.
 void SetProgramActive(bool active);
@@ -43,7 +53,7 @@ bool HasInput(const Form& form);
 
 /// What a control looks like now, with all controls inside.
 Picture Grab(const Control& control);
-/// The box or dialog in front, as a picture; empty when there is none.
+/// The menu, drop-down, box or dialog in front, as a picture; empty when there is none.
 Picture GrabFront();
 
 /// Device pixels painted on forms and painted controls since the last call.

@@ -17,20 +17,13 @@
 #include "platform/message_box.h"
 #include "platform/testing.h"
 #include "platform/timer.h"
+#include "shown_form.h"
 #include "temp_folder.h"
 
 using namespace platform;
 using ::testing::ElementsAre;
 
 namespace {
-
-/// A form on the screen with the input.
-struct ShownForm : Form {
-  ShownForm() : Form(Border::kSizable, 300, 200) {
-    Show();
-    user::WaitUntil([this] { return user::HasInput(*this); });
-  }
-};
 
 constexpr Colour kRed = Rgb(0xFF0000);
 constexpr Colour kGreen = Rgb(0x00FF00);

@@ -1,0 +1,365 @@
+// Lists, text boxes, menus, file dialogs and window shapes, driven by the events of a real keyboard and mouse.
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+#include "base/code_page.h"
+#include "platform/application.h"
+#include "platform/controls.h"
+#include "platform/form.h"
+#include "platform/keys.h"
+#include "platform/list_controls.h"
+#include "platform/testing.h"
+#include "platform/text_box.h"
+#include "shown_form.h"
+
+using namespace platform;
+
+namespace {
+
+// ----------------------------------------------------------------------------------------------------------- Lists
+
+/// A list of a, b, c ... that writes down what its handlers hear.
+template <typename List>
+struct FilledList : List {
+  explicit FilledList(Container* parent, int rows = 5) : List(parent) {
+    for (int row = 0; row < rows; ++row) this->Add(std::string(1, static_cast<char>('a' + row)) + " row");
+    this->on_click = [this] { log += std::to_string(this->list_index()) + " "; };
+  }
+  std::string log;
+};
+
+TEST(ListBoxTest, MouseAndKeysSelect) {
+  ShownForm form;
+  FilledList<ListBox> list(&form, 30);
+  EXPECT_EQ(list.list_index(), -1);
+  user::Click(list, 20, 15);
+  user::Click(list, 20, 15);  // the same row once more
+  user::Click(list, 20, 36);
+  user::TapKey(kKeyDown);
+  user::TapKey(kKeyEnd);
+  user::TapKey(kKeyHome);
+  user::Type("h");
+  EXPECT_EQ(list.log, "0 1 2 29 0 7 ");
+  user::PressMouse(list, 20, 15, kLeftButton, kCtrl);
+  user::ReleaseMouse(list, 20, 15, kLeftButton, kCtrl);
+  EXPECT_GE(list.list_index(), 0) << "Ctrl takes no selection away";
+}
+
+TEST(ListBoxTest, DoubleClickAndEnterOpenARow) {
+  ShownForm form;
+  FilledList<ListBox> list(&form, 2);
+  Button ok(&form);
+  ok.on_click = [&] { list.log += "ok "; };
+  form.set_default_button(&ok);
+  list.SetFocus();
+  user::TapKey(kKeyEnter);
+  list.on_double_click = [&] { list.log += "open" + std::to_string(list.list_index()) + " "; };
+  user::DoubleClick(list, 20, 36);
+  user::TapKey(kKeyEnter);
+  user::DoubleClick(list, 20, 100);  // below the last row
+  EXPECT_EQ(list.log, "ok 1 open1 open1 ");
+}
+
+template <typename List>
+class AnyListTest : public ::testing::Test {};
+using Lists = ::testing::Types<ListBox, ComboBox>;
+TYPED_TEST_SUITE(AnyListTest, Lists);
+
+TYPED_TEST(AnyListTest, SelectionFollowsItsRow) {
+  ShownForm form;
+  FilledList<TypeParam> list(&form, 1);
+  EXPECT_EQ(list.list_index(), -1) << "the first row does not select itself";
+  list.Add("b");
+  list.Add("c");
+  list.set_list_index(2);
+  EXPECT_EQ(list.log, "") << "nobody chose it";
+  list.Remove(0);
+  EXPECT_EQ(list.list_index(), 1);
+  EXPECT_EQ(list.item(list.list_index()), "c");
+  list.Remove(1);
+  EXPECT_EQ(list.list_index(), -1);
+  list.Choose(0);
+  list.Choose(0);
+  EXPECT_EQ(list.log, "0 0 ");
+  EXPECT_THROW(list.Choose(1), std::out_of_range);
+  EXPECT_THROW(list.set_list_index(-2), std::out_of_range);
+  EXPECT_THROW(list.item(-1), std::out_of_range);
+  list.Clear();
+  EXPECT_EQ(list.list_index(), -1);
+  EXPECT_EQ(list.count(), 0);
+  EXPECT_EQ(list.log, "0 0 ");
+}
+
+TYPED_TEST(AnyListTest, RowsAreInTheCodePageOfTheCharset) {
+  ShownForm form;
+  TypeParam list(&form);
+  TypeParam other(&form);
+  const std::string russian = FromUtf8("Русский", CodePage::k1251);
+  list.Add("x");
+  list.set_item(0, russian);
+  list.set_list_index(0);
+  other.Add(ToUtf8(russian, CodePage::k1250));
+  const Picture before = user::Grab(list);
+  list.set_charset(Charset::kCyrillic);
+  EXPECT_NE(user::Grab(list), before);
+  EXPECT_EQ(list.item(0), russian);
+}
+
+TEST(ComboBoxTest, KeysChooseWhileClosedAndInTheDropDown) {
+  ShownForm form;
+  FilledList<ComboBox> list(&form);
+  Button ok(&form);
+  ok.on_click = [&] { list.log += "ok "; };
+  form.set_default_button(&ok);
+  list.SetFocus();
+  user::TapKey(kKeyDown);
+  user::TapKey(kKeyDown);
+  user::Type("d");
+  user::TapKey(kKeyEnter);
+  EXPECT_EQ(list.log, "0 1 3 ok ");
+  list.log.clear();
+  user::TapKey(kKeySpace);
+  user::TapKey(kKeyUp);
+  EXPECT_EQ(list.log, "") << "not yet";
+  user::TapKey(kKeyEnter);
+  user::TapKey(kKeySpace);
+  user::TapKey(kKeyUp);
+  user::TapKey(kKeyEscape);
+  EXPECT_EQ(list.log, "2 ");
+  user::TurnWheel(list, -1);
+  EXPECT_EQ(list.list_index(), 2);
+}
+
+// ------------------------------------------------------------------------------------------------------ Text boxes
+
+TEST(TextBoxTest, TypedTextBecomesBytesAndUnknownCharactersQuestionMarks) {
+  ShownForm form;
+  TextBox box(&form);
+  box.SetFocus();
+  user::Type("Žluť я€ 😀.");
+  EXPECT_EQ(box.text(), Cp1250("Žluť ?€ ?."));
+  box.SelectAll();
+  user::SetClipboard("Z\u030c\nя");  // a letter and its accent apart
+  user::TapKey('V', kCtrl);
+  EXPECT_EQ(box.text(), Cp1250("Ž ?"));
+  user::TapKey(kKeyHome);
+  user::Type("a");
+  EXPECT_EQ(box.text(), Cp1250("aŽ ?")) << "the caret stays where it was put";
+
+  TextBox cyrillic(&form);
+  cyrillic.set_charset(Charset::kCyrillic);
+  cyrillic.SetFocus();
+  user::Type("Жук ž");
+  EXPECT_EQ(cyrillic.text(), FromUtf8("Жук ?", CodePage::k1251));
+}
+
+TEST(TextBoxTest, ManyLines) {
+  ShownForm form;
+  TextBox box(&form, TextLines::kMany);
+  Button ok(&form);
+  int oks = 0;
+  ok.on_click = [&] { ++oks; };
+  form.set_default_button(&ok);
+  box.SetFocus();
+  user::Type("a");
+  user::TapKey(kKeyEnter);
+  user::Type("я");
+  EXPECT_EQ(box.text(), "a\r\n?");
+  EXPECT_EQ(oks, 0);
+  user::SetClipboard("b\nc\r\nя");
+  user::TapKey('V', kCtrl);
+  EXPECT_EQ(box.text(), "a\r\n?b\r\nc\r\n?");
+  user::TapKey('Z', kCtrl);
+  EXPECT_EQ(box.text(), "a\r\n?") << "one step back, though the paste was mended";
+  box.set_locked(true);
+  user::Type("x");
+  user::TapKey(kKeyEnter);
+  EXPECT_EQ(box.text(), "a\r\n?");
+  EXPECT_EQ(oks, 1) << "a locked box needs no Enter";
+  user::TapKey(kKeyTab);
+  EXPECT_TRUE(ok.has_focus());
+}
+
+TEST(TextBoxTest, BytesThatNobodyTouchedStay) {
+  ShownForm form;
+  TextBox box(&form, TextLines::kMany);
+  std::string all;
+  for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+  box.set_text(all);
+  box.set_fore_colour(Rgb(0xFF0000));
+  EXPECT_EQ(box.text(), all);
+  box.set_text("a\nb\r\nc" + std::string("\xA0") + "d");
+  box.SetFocus();
+  user::Type("x");
+  EXPECT_EQ(box.text(),
+            "xa\r\nb\r\nc\xA0"
+            "d");
+}
+
+TEST(TextBoxTest, LengthIsLimitedWhereTheCaretIs) {
+  ShownForm form;
+  for (const TextLines lines : {TextLines::kOne, TextLines::kMany}) {
+    TextBox box(&form, lines);
+    box.set_text("123456");
+    box.set_max_length(4);
+    EXPECT_EQ(box.text(), "1234");
+    box.SetFocus();
+    user::Type("0");
+    EXPECT_EQ(box.text(), "1234");
+    box.Select(1, 2);
+    user::SetClipboard("abc");
+    user::TapKey('V', kCtrl);
+    EXPECT_EQ(box.text(), "1ab4");
+    user::Type("x");
+    EXPECT_EQ(box.text(), "1ab4");
+  }
+  TextBox box(&form, TextLines::kMany);
+  box.set_max_length(4);
+  box.set_text("abc\r\nd");
+  EXPECT_EQ(box.text(), "abc") << "no half of a line break";
+  box.Select(3, 0);
+  box.SetFocus();
+  user::TapKey(kKeyEnter);
+  EXPECT_EQ(box.text(), "abc") << "a line break takes two";
+}
+
+TEST(TextBoxTest, DigitsOnly) {
+  ShownForm form;
+  TextBox box(&form);
+  box.set_digits_only(true);
+  box.set_max_length(3);
+  box.SetFocus();
+  user::Type("1a-2");
+  EXPECT_EQ(box.text(), "12");
+  user::TapKey('A', kCtrl);
+  user::SetClipboard("3 7");
+  user::TapKey('V', kCtrl);
+  EXPECT_EQ(box.text(), "37");
+}
+
+TEST(TextBoxTest, ChangesAreTold) {
+  ShownForm form;
+  for (const TextLines lines : {TextLines::kOne, TextLines::kMany}) {
+    TextBox box(&form, lines);
+    int changes = 0;
+    box.on_change = [&] { ++changes; };
+    box.set_text("abc");
+    box.set_text("abc");
+    box.set_charset(Charset::kCyrillic);
+    box.set_back_colour(Rgb(0x102030));
+    EXPECT_EQ(changes, 1);
+    box.SetFocus();
+    user::Type("x");
+    user::TapKey(kKeyRight);
+    EXPECT_EQ(changes, 2);
+    box.Select(0, 0);
+    user::TapKey(kKeyBackspace);
+    EXPECT_EQ(changes, 2) << "nothing to take away";
+    box.set_locked(true);
+    user::Type("y");
+    EXPECT_EQ(changes, 2);
+  }
+}
+
+TEST(TextBoxTest, SelectionAndFocus) {
+  ShownForm form;
+  TextBox first(&form);
+  TextBox second(&form);
+  Button last(&form);
+  first.set_text("00000123");
+  std::string log;
+  first.on_got_focus = [&] {
+    first.Select(0, 5);
+    log += "got ";
+  };
+  first.on_lost_focus = [&] { log += "lost "; };
+  second.SetFocus();
+  user::TapKey(kKeyTab, kShift);
+  EXPECT_EQ(first.selected_text(), "00000") << "the handler's selection stands";
+  user::Type("9");
+  EXPECT_EQ(first.text(), "9123");
+  user::TapKey(kKeyTab);
+  EXPECT_TRUE(second.has_focus());
+  EXPECT_EQ(log, "got lost ");
+  last.set_tab_after(first);
+  user::TapKey(kKeyTab, kShift);
+  EXPECT_TRUE(last.has_focus());
+
+  TextBox page(&form, TextLines::kMany);
+  page.set_text("ab\r\ncd\r\nef");
+  page.Select(1, 6);
+  EXPECT_EQ(page.selected_text(), "b\r\ncd");
+  page.Select(3, 99);
+  EXPECT_EQ(page.selected_text(), "\r\ncd\r\nef") << "a line break is selected whole or not at all";
+}
+
+// ------------------------------------------------------------------------------------- What every control can do now
+
+TEST(ControlTest, PaintedControlsWithATabStopAreClickedByKeys) {
+  ShownForm form;
+  Label plain(&form, "text");
+  Label link(&form, "link");
+  Button ok(&form);
+  link.set_top(50);
+  ok.set_top(100);
+  std::string log;
+  plain.on_click = [&] { log += "plain "; };
+  link.on_click = [&] { log += "link "; };
+  ok.on_click = [&] { log += "ok "; };
+  form.on_click = [&] { log += "form "; };
+  form.set_default_button(&ok);
+  const Picture bare = user::Grab(link);
+  link.set_tab_stop(true);
+  ok.SetFocus();
+  user::TapKey(kKeyTab);
+  ASSERT_TRUE(link.has_focus());
+  EXPECT_NE(user::Grab(link), bare) << "the focus is seen";
+  user::TapKey(kKeySpace);
+  user::TapKey(kKeyEnter);
+  EXPECT_EQ(log, "link link ");
+  user::Click(plain);
+  EXPECT_TRUE(link.has_focus());
+  link.set_tab_stop(false);
+  plain.SetFocus();
+  user::TapKey(kKeySpace);
+  user::TapKey(kKeyEnter);
+  EXPECT_EQ(log, "link link plain ok ") << "without a tab stop keys click nothing";
+}
+
+TEST(ControlTest, WheelOverRowsReachesTheirContainer) {
+  ShownForm form;
+  Frame view(&form);
+  view.SetBounds(0, 0, 200, 100);
+  Frame rows(&view);
+  rows.SetBounds(0, 0, 200, 1400);
+  Label row(&rows, "row");
+  int turned = 0;
+  view.on_wheel = [&](const WheelEvent& wheel) { turned += wheel.steps; };
+  user::TurnWheel(row, 1);
+  user::TurnWheel(row, -3);
+  EXPECT_EQ(turned, -2);
+  user::TurnWheel(row, -1, 4);
+  EXPECT_EQ(turned, -3) << "a fine wheel turns by parts of a notch";
+
+  TextBox text(&view, TextLines::kMany);
+  text.SetBounds(0, 20, 100, 60);
+  std::string lines;
+  for (int line = 0; line < 50; ++line) lines += "line\r\n";
+  text.set_text(lines);
+  const Picture top = user::Grab(text);
+  user::TurnWheel(text, -1);
+  EXPECT_NE(user::Grab(text), top) << "a text box scrolls by itself";
+  EXPECT_EQ(turned, -3);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  user::UseOffscreen();
+  ::testing::InitGoogleTest(&argc, argv);
+  const Application application(argc, argv, "Zorb");
+  return RUN_ALL_TESTS();
+}
