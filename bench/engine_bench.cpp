@@ -25,7 +25,7 @@ void Tick(benchmark::State& state, const CaveRecord& record) {
   constexpr int kBatch = 50;
   const Hra start = Running(record, 0);
   Hra game = start;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     state.PauseTiming();
     game = start;
     state.ResumeTiming();
@@ -41,12 +41,12 @@ void TickUsualQuietCave(benchmark::State& state) { Tick(state, QuietCave()); }
 void PaintCave(benchmark::State& state) {
   const std::string text = BuildCaveText(BusyCave());
   Hra game;
-  for (auto _ : state) game.PaintCave(text);
+  for ([[maybe_unused]] auto _ : state) game.PaintCave(text);
 }
 
 void CopyState(benchmark::State& state) {
   const Hra start = Running(BusyCave(), 100);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Hra copy = start;
     benchmark::DoNotOptimize(copy);
   }

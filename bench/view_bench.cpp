@@ -63,7 +63,7 @@ void Report(benchmark::State& state, std::vector<double>& ticks) {
 
 void Ticks(benchmark::State& state, Window& window) {
   std::vector<double> ticks;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     if (ticks.size() % kBatch == 0) window.Restart();
     ticks.push_back(TimedTick(window.form()));
     state.SetIterationTime(ticks.back());
@@ -86,7 +86,7 @@ void ScrollingLargestBusyCave(benchmark::State& state) {
   Window window(BusyCave());
   window.form().game.FollowHero = false;
   std::vector<double> ticks;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const std::size_t turn = ticks.size() % kBatch;
     if (turn == 0) {
       window.Restart();
@@ -110,7 +110,7 @@ void ScrollingLargestBusyCave(benchmark::State& state) {
 void OpenLargestCave(benchmark::State& state) {
   Window window(BusyCave());
   const std::string text = BuildCaveText(BusyCave());
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     window.form().PaintCave(text);
     platform::Application::PaintAndSleep(0);
   }
