@@ -29,9 +29,7 @@ constexpr std::u16string_view kUpper1251 =
     u"рстуфхцчшщъыьэюя";
 static_assert(kUpper1250.size() == 128 && kUpper1251.size() == 128);
 
-std::u16string_view Upper(CodePage page) {
-  return page == CodePage::k1250 ? kUpper1250 : kUpper1251;
-}
+std::u16string_view Upper(CodePage page) { return page == CodePage::k1250 ? kUpper1250 : kUpper1251; }
 
 using ByteTable = std::array<char, 256>;
 
@@ -85,9 +83,7 @@ std::string FromUtf8(std::string_view utf8, CodePage page) {
   return bytes;
 }
 
-std::string Cp1250(std::string_view utf8) {
-  return FromUtf8(utf8, CodePage::k1250);
-}
+std::string Cp1250(std::string_view utf8) { return FromUtf8(utf8, CodePage::k1250); }
 
 std::string ToLower(std::string_view bytes, CodePage page) {
   static const ByteTable tables[] = {MakeCaseTable(CodePage::k1250, LowerCase),

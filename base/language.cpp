@@ -66,13 +66,9 @@ void SetLW() {
   for (const auto& step : fontSteps) step();
 }
 
-void OnSetLW(std::function<void()> step) {
-  captionSteps.push_back(std::move(step));
-}
+void OnSetLW(std::function<void()> step) { captionSteps.push_back(std::move(step)); }
 
-void OnSetLFont(std::function<void()> step) {
-  fontSteps.push_back(std::move(step));
-}
+void OnSetLFont(std::function<void()> step) { fontSteps.push_back(std::move(step)); }
 
 bool HeroNameIsLatin() {
   if (HeroName.empty()) return false;

@@ -31,9 +31,7 @@ std::string WithLineBreaks(std::string_view line) {
   return text;
 }
 
-LanguageHeader HeaderOf(const std::vector<std::string>& lines) {
-  return {LanguageNumber(lines[0]), lines[1]};
-}
+LanguageHeader HeaderOf(const std::vector<std::string>& lines) { return {LanguageNumber(lines[0]), lines[1]}; }
 
 /// The lines of a file that has to have at least so many.
 std::vector<std::string> Lines(std::string_view bytes, std::size_t atLeast, const std::string& path) {
@@ -60,10 +58,6 @@ LanguageHeader ParseLanguageHeader(std::string_view bytes, const std::string& pa
   return HeaderOf(Lines(bytes, kHeaderLines, path));
 }
 
-LanguageFile ReadLanguageFile(const std::string& path) {
-  return ParseLanguageFile(ReadFile(path), path);
-}
+LanguageFile ReadLanguageFile(const std::string& path) { return ParseLanguageFile(ReadFile(path), path); }
 
-LanguageHeader ReadLanguageHeader(const std::string& path) {
-  return ParseLanguageHeader(ReadFile(path), path);
-}
+LanguageHeader ReadLanguageHeader(const std::string& path) { return ParseLanguageHeader(ReadFile(path), path); }

@@ -7,9 +7,7 @@ namespace {
 
 constexpr char32_t kStrayByte = 0xDC00;
 
-bool Within(char32_t code, char32_t first, char32_t last) {
-  return code >= first && code <= last;
-}
+bool Within(char32_t code, char32_t first, char32_t last) { return code >= first && code <= last; }
 
 /// The code point at the front of a non-empty text and its length in bytes; length 0 when the text starts with a byte
 /// that is no part of well-formed UTF-8.

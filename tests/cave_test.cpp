@@ -64,9 +64,7 @@ TEST(Tiles, RunningCellsAreShownToo) {
   EXPECT_EQ(CharacterOfCell(23, 0, 0), '?');
 }
 
-std::string Number(int n) {
-  return std::string(1, static_cast<char>(n + 65));
-}
+std::string Number(int n) { return std::string(1, static_cast<char>(n + 65)); }
 
 /// Everything in front of the cells of a cave of 3 by 1 cells.
 std::string SmallHeader(const std::string& name) {

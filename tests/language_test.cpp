@@ -31,13 +31,9 @@ const std::string kShippedFolder = ZORBIK_LANGUAGE_FILES;   // made by the build
 const std::string kSourceFolder = ZORBIK_LANGUAGE_SOURCES;  // in the repository
 const std::vector<std::string> kShipped{"cestina", "english"};
 
-std::string SourcePath(const std::string& language) {
-  return kSourceFolder + "/" + language + ".txt";
-}
+std::string SourcePath(const std::string& language) { return kSourceFolder + "/" + language + ".txt"; }
 
-std::string ShippedPath(const std::string& language) {
-  return kShippedFolder + "/" + language + ".zbl";
-}
+std::string ShippedPath(const std::string& language) { return kShippedFolder + "/" + language + ".zbl"; }
 
 /// The lines as a text, the end behind each.
 std::string Joined(const std::vector<std::string>& lines, const std::string& end) {

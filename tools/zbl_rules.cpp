@@ -108,9 +108,7 @@ void CheckHeader(const LanguageHeader& header, std::vector<std::string>& finding
 
 }  // namespace
 
-CodePage CodePageOf(int languageNumber) {
-  return languageNumber == 3 ? CodePage::k1251 : CodePage::k1250;
-}
+CodePage CodePageOf(int languageNumber) { return languageNumber == 3 ? CodePage::k1251 : CodePage::k1250; }
 
 std::vector<std::string> PlaceHoldersOf(const LanguageRow& row) {
   std::vector<std::string> holders;
