@@ -18,6 +18,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* kNotRead = "The file cannot be read";
+constexpr const char* kNotWritten = "The file cannot be written";
+
 [[noreturn]] void Fail(const std::string& what, const std::string& path, int error) {
   throw Fault(what + ": " + std::generic_category().message(error) + ".", path);
 }
@@ -77,13 +80,6 @@ void FlushFolder(const fs::path& folder) {
   if (opened.ok()) fsync(opened.descriptor());
 }
 
-/// A link is followed, so that it stays and the file it leads to is replaced.
-fs::path BehindLinks(const std::string& path) {
-  std::error_code error;
-  fs::path real = fs::canonical(path, error);
-  return error ? fs::path(path) : real;
-}
-
 void SortRegardlessOfCase(std::vector<std::string>& names) {
   std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
     return std::pair(CaseKey(a), a) < std::pair(CaseKey(b), b);
@@ -133,40 +129,123 @@ std::string FindBelow(const std::string& folder, std::string_view rest) {
   return {};
 }
 
-}  // namespace
+/// The rules of files.h for what stands under a path.
+void CheckRegular(const struct stat& state, const char* what, const std::string& path) {
+  if (S_ISDIR(state.st_mode)) Fail(what, path, EISDIR);
+  if (!S_ISREG(state.st_mode)) throw Fault(std::string(what) + ": This is no regular file.", path);
+}
 
-std::string ReadFile(const std::string& path) {
+/// Gives the contents piece by piece to take, for as long as it gives back true.
+void ReadPieces(const std::string& path, const std::function<bool(std::string_view piece)>& take) {
   CheckPath(path);
   const std::string found = FindPath(path);
-  const OpenFile file(open((found.empty() ? path : found).c_str(), O_RDONLY | O_CLOEXEC));
+  // A pipe without a writer would let the opening wait for one.
+  const OpenFile file(open((found.empty() ? path : found).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   if (!file.ok()) Fail("The file cannot be opened", path, errno);
-  std::string contents;
+  struct stat state {};
+  if (fstat(file.descriptor(), &state) != 0) Fail(kNotRead, path, errno);
+  CheckRegular(state, kNotRead, path);
+  std::size_t total = 0;
   char block[1 << 16];
   for (;;) {
     const ssize_t count = read(file.descriptor(), block, sizeof block);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) Fail("The file cannot be read", path, errno);
-    if (count == 0) return contents;
-    contents.append(block, static_cast<std::size_t>(count));
+    if (count < 0) Fail(kNotRead, path, errno);
+    total += static_cast<std::size_t>(count);
+    if (total > kLargestFile) {
+      throw Fault("The file is larger than " + std::to_string(kLargestFile >> 20) + " MiB.", path);
+    }
+    if (count == 0 || !take({block, static_cast<std::size_t>(count)})) return;
   }
 }
 
+/// Where a file of the path is written: what is found regardless of case, or a new file in a folder found so.
+fs::path PlaceOf(const std::string& path) {
+  if (const std::string found = FindPath(path); !found.empty()) return found;
+  const std::string folder = FindPath(fs::path(path).parent_path().string());
+  return folder.empty() ? fs::path(path) : folder / fs::path(path).filename();
+}
+
+/// A link is followed, also to a file that does not exist yet, so that it stays and the file is replaced or made.
+fs::path BehindLinks(fs::path target, const std::string& path) {
+  constexpr int kMostLinks = 40;  // as many as the system follows
+  std::error_code error;
+  for (int links = 0; fs::is_symlink(target, error); ++links) {
+    if (links == kMostLinks) Fail(kNotWritten, path, ELOOP);
+    target = target.parent_path() / fs::read_symlink(target, error);
+    if (error) Fail(kNotWritten, path, error.value());
+  }
+  return target;
+}
+
+/// Renaming would put a file in the place of a pipe or a device.
+void CheckReplaceable(const fs::path& target, const std::string& path) {
+  struct stat state {};
+  if (stat(target.c_str(), &state) == 0) CheckRegular(state, kNotWritten, path);
+}
+
+}  // namespace
+
+std::string ReadFile(const std::string& path) {
+  std::string contents;
+  ReadPieces(path, [&contents](std::string_view piece) {
+    contents += piece;
+    return true;
+  });
+  return contents;
+}
+
+std::string ReadStart(const std::string& path, std::size_t most) {
+  std::string start;
+  ReadPieces(path, [&start, most](std::string_view piece) {
+    start += piece.substr(0, most - start.size());
+    return start.size() < most;
+  });
+  return start;
+}
+
+void ReadLines(const std::string& path, const std::function<bool(const std::string& line)>& take) {
+  std::string line;
+  bool more = true;
+  const auto finish = [&] {
+    if (line.ends_with('\r')) line.pop_back();
+    more = take(line);
+    line.clear();
+  };
+  ReadPieces(path, [&](std::string_view piece) {
+    while (more && !piece.empty()) {
+      const std::string_view part = piece.substr(0, piece.find('\n'));
+      line += part;
+      if (part.size() == piece.size()) break;
+      piece.remove_prefix(part.size() + 1);
+      finish();
+    }
+    return more;
+  });
+  if (more && !line.empty()) finish();
+}
+
 void WriteFile(const std::string& path, std::string_view contents) {
-  const std::string what = "The file cannot be written";
   CheckPath(path);
-  const fs::path target = BehindLinks(path);
+  const fs::path target = BehindLinks(PlaceOf(path), path);
+  CheckReplaceable(target, path);
   std::string temporary;
   OpenFile file(CreateBeside(target, temporary));
-  if (!file.ok()) Fail(what, path, errno);
+  if (!file.ok()) Fail(kNotWritten, path, errno);
   KeepPermissions(target, file.descriptor());
   const bool whole = WriteAll(file.descriptor(), contents) && fsync(file.descriptor()) == 0 && file.Close() &&
                      std::rename(temporary.c_str(), target.c_str()) == 0;
   if (!whole) {
     const int error = errno;
     unlink(temporary.c_str());
-    Fail(what, path, error);
+    Fail(kNotWritten, path, error);
   }
   FlushFolder(target.parent_path());
+}
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+  std::error_code error;
+  return fs::equivalent(FindPath(a), FindPath(b), error);
 }
 
 std::string FindPath(const std::string& path) {
@@ -191,6 +270,7 @@ std::vector<std::string> ListFolders(const std::string& folder) {
 
 std::vector<std::string> SplitLines(std::string_view text) {
   std::vector<std::string> lines;
+  lines.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1);
   while (!text.empty()) {
     std::string_view line = text.substr(0, text.find('\n'));
     text.remove_prefix(std::min(line.size() + 1, text.size()));

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr std::size_t kHeaderLines = 2;
+constexpr std::size_t kHeaderBytes = 4096;  // many times the longest header
 constexpr std::size_t kMostDigits = 9;
 
 int LanguageNumber(std::string_view line) {
@@ -60,4 +61,6 @@ LanguageHeader ParseLanguageHeader(std::string_view bytes, const std::string& pa
 
 LanguageFile ReadLanguageFile(const std::string& path) { return ParseLanguageFile(ReadFile(path), path); }
 
-LanguageHeader ReadLanguageHeader(const std::string& path) { return ParseLanguageHeader(ReadFile(path), path); }
+LanguageHeader ReadLanguageHeader(const std::string& path) {
+  return ParseLanguageHeader(ReadStart(path, kHeaderBytes), path);
+}

@@ -29,6 +29,7 @@ LanguageFile ParseLanguageFile(std::string_view bytes, const std::string& path =
 /// Reads the first two lines alone. Throws Fault when one is missing.
 LanguageHeader ParseLanguageHeader(std::string_view bytes, const std::string& path = {});
 
-/// The same for the file of the path. Throw Fault also when the file cannot be read.
+/// The same for the file of the path; of one that is asked for its header only the first 4096 bytes are read. Throw
+/// Fault also when the file cannot be read.
 LanguageFile ReadLanguageFile(const std::string& path);
 LanguageHeader ReadLanguageHeader(const std::string& path);

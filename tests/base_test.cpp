@@ -122,8 +122,59 @@ TEST_F(Files, FailuresNameTheFileAndTheReason) {
   ExpectFault([&] { ReadFile(folder_.path()); }, folder_.path(), "directory");
   ExpectFault([&] { WriteFile(Path("no/such/folder.zb"), "x"); }, Path("no/such/folder.zb"), "No such file");
   fs::create_directory(Path("d.zb"));
+  ExpectFault([&] { WriteFile(Path("D.zb"), "x"); }, Path("D.zb"), "directory");
   ExpectFault([&] { WriteFile(Path("d.zb"), "x"); }, Path("d.zb"), "directory");
   EXPECT_THAT(ListFiles(folder_.path(), ""), IsEmpty());
+}
+
+TEST_F(Files, AGiantFileIsAFault) {
+  const std::string path = Make("giant.zb");
+  fs::resize_file(path, kLargestFile);
+  EXPECT_EQ(ReadFile(path).size(), kLargestFile);
+  fs::resize_file(path, kLargestFile + 1);
+  ExpectFault([&] { ReadFile(path); }, path, "larger than 16 MiB");
+  ExpectFault([&] { ReadLines(path, [](const std::string&) { return true; }); }, path, "larger than 16 MiB");
+  EXPECT_EQ(ReadStart(path, 3), "\0\0\0"s) << "whose start can be read nevertheless";
+}
+
+// A pipe that nobody writes to would keep whoever opens it waiting.
+TEST_F(Files, PipesAndDevicesAreFaults) {
+  const std::string pipe = Path("pipe.zb");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& path : {pipe, "/dev/zero"s}) {
+    ExpectFault([&] { ReadFile(path); }, path, "no regular file");
+    ExpectFault([&] { ReadStart(path, 1); }, path, "no regular file");
+    ExpectFault([&] { ReadLines(path, [](const std::string&) { return true; }); }, path, "no regular file");
+  }
+  ExpectFault([&] { WriteFile(pipe, "x"); }, pipe, "no regular file");
+  EXPECT_TRUE(fs::is_fifo(pipe)) << "nothing has taken its place";
+}
+
+TEST_F(Files, LinesAreHandedOutUntilNoMoreAreWanted) {
+  std::vector<std::string> lines;
+  const auto read = [&](const std::string& contents, std::size_t most) {
+    lines.clear();
+    ReadLines(Make("lines.txt", contents), [&](const std::string& line) {
+      lines.push_back(line);
+      return lines.size() < most;
+    });
+    return lines;
+  };
+  EXPECT_THAT(read("a\r\nb\nc", 2), ElementsAre("a", "b"));
+  EXPECT_THAT(read("a\r\nb\nc", 3), ElementsAre("a", "b", "c"));
+  const std::string longLine(100000, 'x');  // longer than what is read at once
+  const std::string block(65535, 'y');      // its line end is divided
+  for (const std::string& text : {""s, "\n"s, "a\r\r\n\r\n\nx\ry\r"s, longLine + "\n\n" + longLine, block + "\r\nz"}) {
+    EXPECT_EQ(read(text, 1000), SplitLines(text));
+  }
+}
+
+TEST_F(Files, TheStartOfAFile) {
+  const std::string contents(200000, 'x');
+  const std::string path = Make("a.txt", contents);
+  EXPECT_EQ(ReadStart(path, 0), "");
+  EXPECT_EQ(ReadStart(path, 65537), contents.substr(0, 65537));
+  EXPECT_EQ(ReadStart(path, 300000), contents);
 }
 
 TEST_F(Files, AFailedWriteLeavesTheOldFile) {
@@ -151,6 +202,37 @@ TEST_F(Files, OverwritingKeepsPermissionsAndLinks) {
   struct stat now {};
   ASSERT_EQ(stat(path.c_str(), &now), 0);
   EXPECT_EQ(now.st_mode & 0777, 0640u) << "a read-only file becomes writable";
+}
+
+TEST_F(Files, ALinkToNothingStaysAndItsFileIsMade) {
+  fs::create_directory(Path("real"));
+  fs::create_symlink("second.zb", Path("first.zb"));
+  fs::create_symlink("real/set.zb", Path("second.zb"));
+  WriteFile(Path("first.zb"), "new");
+  EXPECT_TRUE(fs::is_symlink(Path("first.zb")) && fs::is_symlink(Path("second.zb")));
+  EXPECT_EQ(ReadFile(Path("real/set.zb")), "new");
+  fs::create_symlink("loop.zb", Path("loop.zb"));
+  ExpectFault([&] { WriteFile(Path("loop.zb"), "x"); }, Path("loop.zb"), "symbolic links");
+}
+
+TEST_F(Files, AFileThatDiffersInCaseIsTheOneThatIsWritten) {
+  const std::string old = Make("Hráči/Čeněk/SADA - Žába.zbr", "old");
+  WriteFile(Path("hráči/čeněk/sada - žába.ZBR"), "new");
+  EXPECT_EQ(ReadFile(old), "new");
+  EXPECT_THAT(ListFiles(Path("Hráči/Čeněk"), ""), ElementsAre("SADA - Žába.zbr"));
+  WriteFile(Path("hráči/čeněk/Jiná.zbr"), "other");
+  EXPECT_EQ(ReadFile(Path("Hráči/Čeněk/Jiná.zbr")), "other");
+  EXPECT_THAT(ListFolders(folder_.path()), ElementsAre("Hráči"));
+}
+
+TEST_F(Files, TheSameFileUnderTwoNames) {
+  const std::string file = Make("Sada.zb");
+  Make("other.zb");
+  fs::create_symlink("Sada.zb", Path("link.zb"));
+  EXPECT_TRUE(IsSameFile(file, Path("./link.zb")));
+  EXPECT_TRUE(IsSameFile(file, Path("SADA.ZB")));
+  EXPECT_FALSE(IsSameFile(file, Path("other.zb")));
+  EXPECT_FALSE(IsSameFile(Path("missing.zb"), Path("missing.zb")));
 }
 
 TEST_F(Files, NamesAreFoundRegardlessOfCase) {
