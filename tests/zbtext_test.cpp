@@ -239,6 +239,19 @@ TEST_F(ZbtextProgram, MistakesAreReported) {
   EXPECT_THAT(missing.output, HasSubstr("missing.zb: The file cannot be opened: No such file"));
 }
 
+TEST_F(ZbtextProgram, TheInputIsNeverOverwritten) {
+  const std::string set = ReadFile(EXAMPLE_SET);
+  folder_.Make("Sada.zb", set);
+  for (const std::string& arguments :
+       {Quoted("Sada.zb") + " " + Quoted("Sada.zb"), Quoted("Sada.zb") + " " + Quoted("./sada.ZB"),
+        "--to-set " + Quoted("Sada.zb") + " " + Quoted("Sada.zb")}) {
+    const ProgramRun outcome = Zbtext(arguments);
+    EXPECT_EQ(outcome.status, 2) << arguments;
+    EXPECT_THAT(outcome.output, StartsWith("zbtext: both names lead to the same file"));
+  }
+  EXPECT_EQ(ReadFile(folder_.Path("Sada.zb")), set);
+}
+
 TEST_F(ZbtextProgram, UsageErrorsExitWithTwo) {
   for (const char* arguments : {"", "--to-set a", "--to-set a b c", "a b c", "--to-text --to-set a b", "--nonsense a",
                                 "--code-page 1252 a", "a --code-page", "--to-set --code-page 1250 a b"}) {

@@ -28,6 +28,9 @@ int Run(int count, char** words) {
   const std::string source = first == "--annotate" ? words[2] : words[1];
   if (first == "--annotate") {
     WriteFile(source, Annotated(ReadFile(source)));
+  } else if (IsSameFile(source, words[2])) {
+    std::fprintf(stderr, "zblmake: both names lead to the same file\n\n%s", kUsage);
+    return 2;
   } else {
     WriteFile(words[2], BytesOfSource(ReadFile(source), source));
   }

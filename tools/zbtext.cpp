@@ -87,6 +87,9 @@ Arguments Parse(const std::vector<std::string>& words) {
   if (arguments.files.empty()) throw UsageError("no file is named");
   if (arguments.toSet && arguments.files.size() != 2) throw UsageError("--to-set takes a text and a set");
   if (arguments.files.size() > 2) throw UsageError("too many files are named");
+  if (arguments.files.size() == 2 && IsSameFile(arguments.files[0], arguments.files[1])) {
+    throw UsageError("both names lead to the same file");
+  }
   return arguments;
 }
 
