@@ -20,7 +20,7 @@ struct CaveRecord {
   std::string Name;
   std::uint8_t Height = 0;        // rows, at most 51
   std::uint8_t Width = 0;         // columns, at most 81
-  std::uint8_t SlimeThrough = 0;  // how easily slime lets things through, 0..8
+  std::uint8_t SlimeThrough = 0;  // how easily slime lets things through; the editor gives 0..8, a file up to 190
 
   /// The character of cell (x, y), x 0..80, y 0..50; 0 where nothing was ever written.
   char& Cell(int x, int y) { return Cells[Index(x, y)]; }

@@ -40,15 +40,12 @@ class Writer {
   void Number(int value, const char* field) {
     if (value < 0 || value > kLargestSmallNumber) {
       throw Fault(std::string("The ") + field + " of the cave is " + std::to_string(value) +
-                  "; a cave text holds numbers from 0 to 190.");
+                  "; a cave text holds numbers from 0 to " + std::to_string(kLargestSmallNumber) + ".");
     }
     text_ += static_cast<char>(value + kSmallNumberBase);
   }
 
-  void Text(const std::string& text, const char* field) {
-    Number(static_cast<int>(text.size()), field);
-    text_ += text;
-  }
+  void Text(std::string_view text, const char* field) { text_ += WithLength(text, std::string("The ") + field); }
 
   void Cell(char c) { text_ += c == 0 ? '.' : c; }
 
@@ -74,13 +71,9 @@ void WriteTimeAndNeed(Writer& writer, const CaveRecord& record) {
   writer.Number(record.Need / 10, "need");
 }
 
-std::string NewCave(const std::string& name, std::string_view header, int width, int height) {
+std::string MakeTemplate(const std::string& name, std::string_view header, int width, int height) {
   std::string text = "E";
-  for (const std::string& part : {name, LangStr[53]}) {
-    Writer writer;
-    writer.Text(part.substr(0, kLargestSmallNumber), "text");
-    text += writer.Take();
-  }
+  for (const std::string& part : {name, LangStr[53]}) text += WithLength(part.substr(0, kLargestSmallNumber), "");
   text += header;
   const std::size_t inner = static_cast<std::size_t>(width) - 2;
   const std::string steel(static_cast<std::size_t>(width), 'W');
@@ -92,6 +85,19 @@ std::string NewCave(const std::string& name, std::string_view header, int width,
 }
 
 }  // namespace
+
+std::string WithLength(std::string_view text, const std::string& what) {
+  if (text.size() > kLargestSmallNumber) throw Fault(TooLong(what, text.size()));
+  std::string line(1, static_cast<char>(text.size() + kSmallNumberBase));
+  return line.append(text);
+}
+
+std::string TooLong(const std::string& what, std::size_t size) {
+  return what + " has " + std::to_string(size) + " characters; " + std::to_string(kLargestSmallNumber) +
+         " are possible.";
+}
+
+std::string LargestCave() { return std::to_string(kMaxWidth) + " by " + std::to_string(kMaxHeight); }
 
 CaveRecord ParseCaveText(std::string_view text) {
   CaveRecord record;
@@ -110,7 +116,7 @@ CaveRecord ParseCaveText(std::string_view text) {
   record.Tint = reader.Number("colour");
   if (record.Width > kMaxWidth || record.Height > kMaxHeight) {
     throw Fault("The cave is " + std::to_string(record.Width) + " by " + std::to_string(record.Height) +
-                " cells; at most 81 by 51 are possible.");
+                " cells; at most " + LargestCave() + " are possible.");
   }
   std::string_view cells = reader.rest();
   for (int y = 0; y < record.Height; ++y) {
@@ -124,12 +130,12 @@ CaveRecord ParseCaveText(std::string_view text) {
 
 std::string BuildCaveText(const CaveRecord& record) {
   if (record.Width > kMaxWidth || record.Height > kMaxHeight) {
-    throw Fault("A cave has at most 81 by 51 cells.");
+    throw Fault("A cave has at most " + LargestCave() + " cells.");
   }
   Writer writer;
   writer.Number(record.SlimeThrough, "slime permeability");
-  writer.Text(record.Name, "name length");
-  writer.Text(record.Description, "description length");
+  writer.Text(record.Name, "name");
+  writer.Text(record.Description, "description");
   writer.Number(record.Width, "width");
   writer.Number(record.Height, "height");
   WriteTimeAndNeed(writer, record);
@@ -144,20 +150,22 @@ std::string BuildCaveText(const CaveRecord& record) {
   return writer.Take();
 }
 
-std::string CaveTemplate(int number) {
-  if (number == 1) return NewCave(LangStr[26], "TLPAAFUUsC", 19, 11);
-  return NewCave(LangStr[27], "_UPAAAAUsC", 30, 20);
+std::string CaveTemplate(NewCave size) {
+  if (size == NewCave::kSmall) return MakeTemplate(LangStr[26], "TLPAAFUUsC", 19, 11);
+  return MakeTemplate(LangStr[27], "_UPAAAAUsC", 30, 20);
 }
 
 std::string CaveTail(int number) { return (number < 10 ? "---0" : "---") + std::to_string(number); }
 
 std::string LoadCaveText(const std::string& fileName, int caveNumber) {
-  if (fileName == "*1") return CaveTemplate(1);
-  if (fileName == "*2") return CaveTemplate(2);
+  if (fileName == "*1") return CaveTemplate(NewCave::kSmall);
+  if (fileName == "*2") return CaveTemplate(NewCave::kBig);
   const std::string tail = CaveTail(caveNumber);
-  for (const std::string& line : SplitLines(ReadFile(fileName))) {
-    std::string plain = Unscramble(line);
-    if (plain.size() >= 5 && plain.substr(plain.size() - 5) == tail) return plain;
-  }
-  return {};
+  std::string found;
+  ReadLines(fileName, [&](const std::string& line) {
+    const std::string plain = Unscramble(line);
+    if (tail.size() == kCaveTailLength && plain.ends_with(tail)) found = plain;
+    return found.empty();
+  });
+  return found;
 }

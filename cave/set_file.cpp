@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <fstream>
 
 #include "base/fault.h"
 #include "base/files.h"
@@ -19,7 +18,10 @@ class Lines {
   explicit Lines(const SetLines& file) : file_(file) {}
 
   const std::string& Next() {
-    if (AtEnd()) Fail("The file ends before its line " + std::to_string(next_ + 1) + "; a set has at least four.");
+    if (AtEnd()) {
+      Fail("The file ends before its line " + std::to_string(next_ + 1) + "; a set has at least " +
+           std::to_string(kHeadLines + 1) + ".");
+    }
     return file_.lines[next_++];
   }
 
@@ -40,16 +42,10 @@ void SplitNext(Lines& lines, std::string& first, std::string& rest) {
   }
 }
 
-/// Calls set(n) for each start cave, n 0..99.
-template <class Set>
-void ReadStartPoints(const Lines& lines, const std::string& list, Set set) {
-  for (const char c : list) {
-    const int number = CodeOf(c) - kStartBase;
-    if (number < 0 || number > kMostCaves) {
-      lines.FailInLine("it makes cave " + std::to_string(number) + " a start point; only 0 to 99 are possible.");
-    }
-    set(static_cast<std::size_t>(number));
-  }
+void CheckStartPoint(const Lines& lines, char c) {
+  if (IsStartPoint(c)) return;
+  lines.FailInLine("it makes cave " + std::to_string(CaveOfStartPoint(c)) + " a start point; only 0 to " +
+                   std::to_string(kHighestCaveNumber) + " are possible.");
 }
 
 /// Line 3: the e-mail address; gives back the format mark behind it.
@@ -60,12 +56,18 @@ char ReadMail(Lines& lines, std::string& mail) {
   return line.back();
 }
 
-std::string WithLength(const std::string& text, const char* what) {
-  if (text.size() > kLargestSmallNumber) {
-    throw Fault(std::string("The ") + what + " has " + std::to_string(text.size()) +
-                " characters; a set has room for 190.");
+/// Reads the first three lines into the texts of a set, calls start(n) for each start cave n, 0..99, and gives back the
+/// format mark.
+template <class Set, class Start>
+char ReadHead(Lines& lines, Set& set, Start start) {
+  std::string starts;
+  SplitNext(lines, set.Name, starts);
+  for (const char c : starts) {
+    CheckStartPoint(lines, c);
+    start(static_cast<std::size_t>(CaveOfStartPoint(c)));
   }
-  return static_cast<char>(text.size() + kSmallNumberBase) + text;
+  SplitNext(lines, set.Author, set.Description);
+  return ReadMail(lines, set.Mail);
 }
 
 CaveRecord ParseCave(const Lines& lines, const std::string& text) {
@@ -99,7 +101,9 @@ bool SplitByLength(std::string_view line, std::string& first, std::string& rest)
   return true;
 }
 
-bool HasCaveTail(std::string_view line) { return line.size() >= 5 && line.substr(line.size() - 5, 3) == "---"; }
+bool HasCaveTail(std::string_view line) {
+  return line.size() >= kCaveTailLength && line.substr(line.size() - kCaveTailLength, 3) == "---";
+}
 
 bool CaveNumberOf(std::string_view line, int& number) {
   if (!HasCaveTail(line)) return false;
@@ -110,13 +114,15 @@ bool CaveNumberOf(std::string_view line, int& number) {
 }
 
 std::vector<std::string> LinesOf(const EditedSet& set) {
-  if (set.PocetK > kMostCaves) throw Fault("The set has more than 99 caves.");
-  std::string starts;
-  for (std::size_t i = 1; i <= set.PocetK; ++i) {
-    if (set.Poc[i]) starts += static_cast<char>(i + kStartBase);
+  if (set.PocetK > kHighestCaveNumber) {
+    throw Fault("The set has more than " + std::to_string(kHighestCaveNumber) + " caves.");
   }
-  std::vector<std::string> lines{WithLength(set.Name, "name of the set") + starts,
-                                 WithLength(set.Author, "author's name") + set.Description, set.Mail + kMark};
+  std::string starts;
+  for (int i = 1; i <= set.PocetK; ++i) {
+    if (set.Poc[static_cast<std::size_t>(i)]) starts += StartPoint(i);
+  }
+  std::vector<std::string> lines{WithLength(set.Name, "The name of the set") + starts,
+                                 WithLength(set.Author, "The author's name") + set.Description, set.Mail + kMark};
   for (std::size_t i = 1; i <= set.PocetK; ++i) lines.push_back(set.KomText[i] + CaveTail(static_cast<int>(i)));
   lines.push_back(set.Gratulace);
   return lines;
@@ -138,11 +144,8 @@ OpenResult OpenColl(const std::string& path, EditedSet& set) { return OpenColl(R
 OpenResult OpenColl(const SetLines& file, EditedSet& set) {
   Lines lines(file);
   std::fill(set.Poc.begin() + 1, set.Poc.end(), false);
-  std::string starts;
-  SplitNext(lines, set.Name, starts);
-  ReadStartPoints(lines, starts, [&set](std::size_t cave) { set.Poc[cave] = true; });
-  SplitNext(lines, set.Author, set.Description);
-  if (CodeOf(ReadMail(lines, set.Mail)) >= CodeOf(kLaterMark)) {
+  const char mark = ReadHead(lines, set, [&set](std::size_t cave) { set.Poc[cave] = true; });
+  if (CodeOf(mark) >= CodeOf(kLaterMark)) {
     for (std::string* text : {&set.Name, &set.Author, &set.Mail, &set.Description}) *text = LangStr[45];
     return OpenResult::kLaterFormat;
   }
@@ -151,7 +154,7 @@ OpenResult OpenColl(const SetLines& file, EditedSet& set) {
     const std::string& line = lines.Next();
     if (int number = 0; CaveNumberOf(line, number)) {
       set.PocetK = std::max(set.PocetK, static_cast<std::uint8_t>(number));
-      set.KomText[static_cast<std::size_t>(number)] = line.substr(0, line.size() - 5);
+      set.KomText[static_cast<std::size_t>(number)] = line.substr(0, line.size() - kCaveTailLength);
     }
     set.Gratulace = line;
   } while (!lines.AtEnd());
@@ -163,14 +166,12 @@ void LoadColl(const std::string& path, PlayedSet& set) { LoadColl(ReadSetLines(p
 void LoadColl(const SetLines& file, PlayedSet& set) {
   Lines lines(file);
   std::fill(set.StavK.begin() + 1, set.StavK.end(), Locked);
-  std::string starts;
-  SplitNext(lines, set.Name, starts);
-  ReadStartPoints(lines, starts, [&set](std::size_t cave) { set.StavK[cave] = Open; });
-  SplitNext(lines, set.Author, set.Description);
-  ReadMail(lines, set.Mail);
+  ReadHead(lines, set, [&set](std::size_t cave) { set.StavK[cave] = Open; });
   std::size_t caves = 0;
   const auto entry = [&](std::size_t i) -> std::string& {
-    if (i >= set.KomText.size()) lines.FailInLine("the set has too many caves; 98 can be played.");
+    if (i >= set.KomText.size()) {
+      lines.FailInLine("the set has too many caves; " + std::to_string(set.KomText.size() - 2) + " can be played.");
+    }
     return set.KomText[i];
   };
   do {
@@ -185,12 +186,13 @@ void LoadColl(const SetLines& file, PlayedSet& set) {
 }
 
 std::string ReadSetName(const std::string& path) {
-  std::string head((1 + kLargestSmallNumber) * 3, '\0');
-  std::ifstream file(path, std::ios::binary);
-  file.read(head.data(), static_cast<std::streamsize>(head.size()));
-  head.resize(static_cast<std::size_t>(file.gcount()));
-  head.resize(std::min(head.find_first_of("\r\n"), head.size()));
-  return SetNameIn(head);
+  constexpr std::size_t longest = (1 + kLargestSmallNumber) * 3;  // three letters stand for a character
+  try {
+    const std::string start = ReadStart(path, longest);
+    return SetNameIn(std::string_view(start).substr(0, start.find_first_of("\r\n")));
+  } catch (const Fault&) {
+    return {};
+  }
 }
 
 std::string SetNameIn(std::string_view codedLine) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -30,9 +31,19 @@ void WriteSetLines(const std::string& path, const std::vector<std::string>& line
 /// False when there is no length.
 bool SplitByLength(std::string_view line, std::string& first, std::string& rest);
 
-/// Start cave n, 0..99, is written as the character of code n + kStartBase; a cave's tail has room for 99 as well.
+/// The highest number of a cave: its tail has two digits.
+inline constexpr int kHighestCaveNumber = 99;
+/// The set editor adds caves up to this count.
+inline constexpr int kMostCavesAdded = 91;
+/// Title, author and mail; at least one line follows.
+inline constexpr std::size_t kHeadLines = 3;
+
+/// The character that makes a cave, 0..99, a start point, and the number that such a character stands for, which is out
+/// of that range when it is no start point.
 inline constexpr int kStartBase = 64;
-inline constexpr int kMostCaves = 99;
+constexpr char StartPoint(int number) { return static_cast<char>(number + kStartBase); }
+constexpr int CaveOfStartPoint(char c) { return static_cast<unsigned char>(c) - kStartBase; }
+constexpr bool IsStartPoint(char c) { return CaveOfStartPoint(c) >= 0 && CaveOfStartPoint(c) <= kHighestCaveNumber; }
 
 /// The format mark of this format, and the lowest one of later formats.
 inline constexpr char kMark = '0';
@@ -56,12 +67,12 @@ struct EditedSet {
   std::string Gratulace;                 // said when the set is finished
 };
 
-/// The lines of a set as SaveColl writes them. Throws Fault when a name is longer than 190 characters or the set has
-/// more than 99 caves.
+/// The lines of a set as SaveColl writes them. Throws Fault when a name is longer than kLargestSmallNumber or the set
+/// has more than kHighestCaveNumber caves.
 std::vector<std::string> LinesOf(const EditedSet& set);
 
-/// Writes the set; makes cave 1 a start point first. Throws Fault, and leaves the old file, when a name is longer than
-/// 190 characters, the set has more than 99 caves or the file cannot be written.
+/// Writes the set; makes cave 1 a start point first. Throws Fault, and leaves the old file, when LinesOf does or the
+/// file cannot be written.
 void SaveColl(const std::string& path, EditedSet& set);
 
 enum class OpenResult {

@@ -105,15 +105,15 @@ class SetReader {
   }
 
   std::string TitleLine(const Fields& fields, int line) const {
-    std::string name = WithLength(Get(fields, "set", line, "the set"));
+    std::string name = LengthAndText(Get(fields, "set", line, "the set"));
     const Entry* start = Find(fields, "start");
-    if (start == nullptr) return name + static_cast<char>(kStartBase + 1);
-    for (const int number : syntax_.Numbers(*start, 0, kMostCaves)) name += static_cast<char>(number + kStartBase);
+    if (start == nullptr) return name + StartPoint(1);
+    for (const int number : syntax_.Numbers(*start, 0, kHighestCaveNumber)) name += StartPoint(number);
     return name;
   }
 
   std::string AuthorLine(const Fields& fields, int line) const {
-    return WithLength(Get(fields, "author", line, "the set")) + OptionalText(Find(fields, "description"), "");
+    return LengthAndText(Get(fields, "author", line, "the set")) + OptionalText(Find(fields, "description"), "");
   }
 
   std::string MailLine(const Fields& fields) const {
@@ -127,10 +127,7 @@ class SetReader {
     return entry == nullptr ? otherwise : syntax_.Text(*entry);
   }
 
-  std::string WithLength(const Entry& entry) const {
-    const std::string text = syntax_.ShortText(entry);
-    return static_cast<char>(text.size() + kSmallNumberBase) + text;
-  }
+  std::string LengthAndText(const Entry& entry) const { return WithLength(syntax_.ShortText(entry), entry.key); }
 
   void ReadItem() {
     const Entry& entry = entries_[next_++];
@@ -153,9 +150,12 @@ class SetReader {
   }
 
   void ReadCave(const Entry& heading) {
-    caveNumber_ = heading.key == "cave" ? caveNumber_ + 1
-                                        : syntax_.NumberIn(heading.key.substr(5), heading.line(), 0, kMostCaves);
-    if (caveNumber_ > kMostCaves) syntax_.Fail(heading.line(), "the number of a cave is at most 99.");
+    caveNumber_ = heading.key == "cave"
+                      ? caveNumber_ + 1
+                      : syntax_.NumberIn(heading.key.substr(5), heading.line(), 0, kHighestCaveNumber);
+    if (caveNumber_ > kHighestCaveNumber) {
+      syntax_.Fail(heading.line(), "the number of a cave is at most " + std::to_string(kHighestCaveNumber) + ".");
+    }
     const Fields fields = TakeFields(
         {"name", "description", "time", "need", "points", "magic", "amoeba", "colour", "slime", "size", "rows"});
     const auto get = [&](const char* key) -> const Entry& {
@@ -201,7 +201,8 @@ class SetReader {
     } else if (width == 0) {
       syntax_.Fail(rows.line(), "the cave has no cells.");
     }
-    if (width > kMaxWidth || height > kMaxHeight) syntax_.Fail(rows.line(), "a cave has at most 81 by 51 cells.");
+    if (width > kMaxWidth || height > kMaxHeight)
+      syntax_.Fail(rows.line(), "a cave has at most " + LargestCave() + " cells.");
     if (cells.size() != height) {
       syntax_.Fail(rows.line(), "there are " + std::to_string(cells.size()) + " rows here, the size asks for " +
                                     std::to_string(height) + ".");

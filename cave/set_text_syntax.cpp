@@ -7,7 +7,7 @@
 #include "base/fault.h"
 #include "base/files.h"
 #include "base/utf8.h"
-#include "cave/set_file.h"
+#include "cave/cave_text.h"
 #include "cave/tiles.h"
 
 namespace {
@@ -129,7 +129,7 @@ std::string SetSyntax::Text(const Entry& entry) const {
 std::string SetSyntax::ShortText(const Entry& entry) const {
   std::string text = Text(entry);
   if (text.size() > kLargestSmallNumber) {
-    Fail(entry.line(), "\"" + entry.key + "\" has " + std::to_string(text.size()) + " characters; 190 are possible.");
+    Fail(entry.line(), TooLong("\"" + entry.key + "\"", text.size()));
   }
   return text;
 }

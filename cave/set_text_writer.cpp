@@ -48,9 +48,8 @@ bool WriteTitle(TextWriter& writer, const std::string& line) {
   if (!SplitExactly(line, name, list)) return false;
   std::string start = "start:";
   for (const char c : list) {
-    const int number = static_cast<unsigned char>(c) - kStartBase;
-    if (number < 0 || number > kMostCaves) return false;
-    start += " " + std::to_string(number);
+    if (!IsStartPoint(c)) return false;
+    start += " " + std::to_string(CaveOfStartPoint(c));
   }
   writer.Text("set", name);
   writer.Line(start);
@@ -83,7 +82,7 @@ void WriteHead(TextWriter& writer, const std::vector<std::string>& lines) {
 /// True, and the parts of a cave's line, when the parts give back the very line.
 bool TakeCaveApart(const std::string& line, int& number, CaveRecord& record) {
   if (!CaveNumberOf(line, number)) return false;
-  const std::string text = line.substr(0, line.size() - 5);
+  const std::string text = line.substr(0, line.size() - kCaveTailLength);
   if (text.empty()) return false;
   try {
     record = ParseCaveText(text);
@@ -124,13 +123,12 @@ bool WriteCave(TextWriter& writer, const std::string& line) {
 }  // namespace
 
 std::string SetToText(const std::vector<std::string>& lines, CodePage page) {
-  constexpr std::size_t headLines = 3;
   TextWriter writer(page);
   writer.Line("zorbik set");
   writer.Line(page == CodePage::k1250 ? "code page: 1250" : "code page: 1251");
-  const bool whole = lines.size() > headLines;
+  const bool whole = lines.size() > kHeadLines;
   if (whole) WriteHead(writer, lines);
-  for (std::size_t i = whole ? headLines : 0; i < lines.size(); ++i) {
+  for (std::size_t i = whole ? kHeadLines : 0; i < lines.size(); ++i) {
     const bool last = whole && i + 1 == lines.size();
     writer.Line("");
     if (whole && WriteCave(writer, lines[i])) {

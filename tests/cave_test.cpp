@@ -1,11 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 #include <string>
 #include <tuple>
 
 #include "base/fault.h"
+#include "base/files.h"
 #include "base/lang_str.h"
 #include "base/random.h"
 #include "cave/cave_text.h"
@@ -148,7 +150,10 @@ TEST(CaveText, WhatDoesNotFitItsCharacterIsAFault) {
   cave.Name = std::string(190, 'n');
   EXPECT_EQ(ParseCaveText(BuildCaveText(cave)).Name, cave.Name);
   cave.Name += 'n';
-  ExpectFault([&] { BuildCaveText(cave); }, "", "name length");
+  ExpectFault([&] { BuildCaveText(cave); }, "", "The name has 191 characters; 190 are possible.");
+  cave = CaveRecord();
+  cave.Description = std::string(280, 'd');
+  ExpectFault([&] { BuildCaveText(cave); }, "", "The description has 280 characters; 190 are possible.");
   cave = CaveRecord();
   cave.Tint = 191;
   ExpectFault([&] { BuildCaveText(cave); }, "", "colour");
@@ -250,6 +255,15 @@ TEST(LoadCaveText, FindsACaveByTheLastFiveCharacters) {
   EXPECT_EQ(LoadCaveText(path, 9), "");
   EXPECT_EQ(LoadCaveText(path, 107), "") << "a tail has two digits";
   ExpectFault([&] { LoadCaveText(folder.Path("none.zb"), 1); }, folder.Path("none.zb"), "No such file");
+}
+
+TEST(LoadCaveText, ReadsNoFurtherThanItsCave) {
+  const TempFolder folder;
+  const std::string cave = SmallHeader("") + "R1T---01";
+  const std::string path = folder.Make("set.zb", Scramble(cave) + "\r\n");
+  std::filesystem::resize_file(path, kLargestFile + 1);
+  EXPECT_EQ(LoadCaveText(path, 1), cave);
+  ExpectFault([&] { LoadCaveText(path, 2); }, path, "larger than");
 }
 
 std::string AllBytes() {

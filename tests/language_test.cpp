@@ -202,7 +202,7 @@ TEST_F(LanguageTest, CaveCaptionTellsWhoPlaysWhat) {
 
 TEST_F(LanguageTest, ShippedTextsServeTheirRoutines) {
   NactiJazyk(ShippedPath("cestina"));
-  const CaveRecord small = ParseCaveText(CaveTemplate(1));
+  const CaveRecord small = ParseCaveText(CaveTemplate(NewCave::kSmall));
   EXPECT_EQ(small.Name, Cp1250("Malou"));
   EXPECT_EQ(small.Description, Cp1250("Sem napiš popis."));
 

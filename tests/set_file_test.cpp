@@ -271,6 +271,7 @@ TEST_F(SetFile, TheNameOfABrokenFileIsGarbledOrEmpty) {
   const std::string longest(190, '\xFF');
   EXPECT_EQ(ReadSetName(folder_.Make("long.zb", Scramble(WithLength(longest) + "A") + rest)), longest);
   EXPECT_EQ(ReadSetName(folder_.Make("cut.zb", Scramble("ZSada"))), "Sada");
+  EXPECT_EQ(ReadSetName(folder_.Path("CUT.ZB")), "Sada");
   EXPECT_EQ(ReadSetName(folder_.Make("low.zb", Scramble("@Sada"))), "");
   EXPECT_EQ(ReadSetName(folder_.Make("empty.zb")), "");
   EXPECT_NO_THROW(ReadSetName(folder_.Make("plain.zb", "this was never coded\r\n")));
