@@ -75,17 +75,3 @@ bool HeroNameIsLatin() {
   const char first = HeroName.front();
   return (first >= 'A' && first <= 'Z') || (first >= 'a' && first <= 'z');
 }
-
-std::string CaveCaption(std::string_view player, std::string_view cave, CaveMode mode) {
-  constexpr std::string_view kNobody = "/";
-  std::string caption = HeroName;
-  const auto add = [&caption](const std::string& label, std::string_view name) {
-    caption += " - " + label + " ";
-    caption += name;
-  };
-  if (player != kNobody) add(LangStr[92], player);
-  add(LangStr[93], cave);
-  if (mode == CaveMode::kReplay) caption += " - " + LangStr[94];
-  if (mode == CaveMode::kTestPlay) caption += " - " + LangStr[95];
-  return caption;
-}

@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 
 // The language in force. Everything here is set by NactiJazyk alone and read by everybody; the texts themselves are in
 // LangStr.
@@ -36,12 +35,3 @@ void OnSetLFont(std::function<void()> step);
 
 /// True when the hero's name begins with a Latin letter. Only that letter is looked at.
 bool HeroNameIsLatin();
-
-/// What goes on in the game window.
-enum class CaveMode { kPlay, kReplay, kTestPlay };
-
-/// The caption of the game window, from LangStr[92] to LangStr[95]:
-///   HeroName " - " [92] " " player " - " [93] " " cave
-/// and in a replay " - " [94], in a test play " - " [95] behind it. The part with the player is left out for the player
-/// "/", who stands for nobody (a replay opened from a file). player and cave are in the code page of the texts.
-std::string CaveCaption(std::string_view player, std::string_view cave, CaveMode mode);

@@ -192,14 +192,6 @@ TEST_F(LanguageTest, ShortFileChangesNothing) {
   EXPECT_THAT(steps, IsEmpty());
 }
 
-TEST_F(LanguageTest, CaveCaptionTellsWhoPlaysWhat) {
-  NactiJazyk(ShippedPath("english"));
-  EXPECT_EQ(CaveCaption("Ann", "First steps", CaveMode::kPlay), "Borzeek - Player: Ann - Cave: First steps");
-  EXPECT_EQ(CaveCaption("/", "First steps", CaveMode::kReplay), "Borzeek - Cave: First steps - replay");
-  EXPECT_EQ(CaveCaption(LangStr[177], "New", CaveMode::kTestPlay),
-            "Borzeek - Player: cave author - Cave: New - test play");
-}
-
 TEST_F(LanguageTest, ShippedTextsServeTheirRoutines) {
   NactiJazyk(ShippedPath("cestina"));
   const CaveRecord small = ParseCaveText(CaveTemplate(NewCave::kSmall));

@@ -20,6 +20,7 @@
 #include "platform/keys.h"
 #include "platform/message_box.h"
 #include "platform/sound.h"
+#include "view/caption.h"
 #include "view/colours.h"
 #include "view/form_analyze.h"
 #include "view/sounds.h"

@@ -1,0 +1,21 @@
+// What the caption of the game window says; part of view_test.
+
+#include <gtest/gtest.h>
+
+#include "base/lang_str.h"
+#include "base/language.h"
+#include "game_window.h"
+#include "view/caption.h"
+
+namespace {
+
+TEST(GameCaptionTest, TellsWhoPlaysWhat) {
+  NactiJazyk(kData + "/english.zbl");
+  EXPECT_EQ(CaveCaption("Ann", "First steps", CaveMode::kPlay), "Borzeek - Player: Ann - Cave: First steps");
+  EXPECT_EQ(CaveCaption("/", "First steps", CaveMode::kReplay), "Borzeek - Cave: First steps - replay");
+  EXPECT_EQ(CaveCaption(LangStr[177], "New", CaveMode::kTestPlay),
+            "Borzeek - Player: cave author - Cave: New - test play");
+  NactiJazyk(kData + "/cestina.zbl");
+}
+
+}  // namespace
