@@ -2,6 +2,7 @@
 
 #include "base/fault.h"
 #include "base/lang_str.h"
+#include "base/text.h"
 #include "cave/cave_text.h"
 #include "cave/scramble.h"
 #include "engine/hra.h"
@@ -9,14 +10,6 @@
 namespace {
 
 const Settings kDefaultSettings;
-
-/// Replaces every `from` in a text.
-std::string Replaced(std::string text, std::string_view from, const std::string& to) {
-  for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
-    text.replace(at, from.size(), to);
-  }
-  return text;
-}
 
 }  // namespace
 

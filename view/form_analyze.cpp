@@ -1,21 +1,15 @@
 #include "view/form_analyze.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "base/code_page.h"
 #include "base/lang_str.h"
+#include "base/text.h"
 #include "platform/application.h"
 #include "platform/keys.h"
 #include "view/tile_pictures.h"
 
 namespace {
-
-std::string Digits(const char* format, int number) {
-  char text[16];
-  std::snprintf(text, sizeof text, format, number);
-  return text;
-}
 
 // The labels in the order of their rows: gems, their points, further gems, their points, time, heroes.
 constexpr std::array<std::size_t, 6> kRows = {0, 4, 3, 5, 1, 2};
@@ -61,29 +55,29 @@ FormAnalyze::FormAnalyze(const std::string& programFolder) {
 
 void FormAnalyze::ShowSum(const WinSum& sum, bool bonus) {
   const std::string dot = Cp1250(" · ");
-  lblValue[0].set_caption(Digits("%03d", sum.need));
-  lblValue[4].set_caption(dot + Digits("%02d", sum.pointsBefore));
-  lblValue[3].set_caption(Digits("%03d", sum.over));
-  lblValue[5].set_caption(dot + Digits("%02d", sum.pointsAfter));
-  lblValue[1].set_caption(Digits("%03d", sum.secondsLeft));
-  lblValue[2].set_caption(dot + Digits("%d", sum.aliveHeroes));
+  lblValue[0].set_caption(Digits(sum.need, 3));
+  lblValue[4].set_caption(dot + Digits(sum.pointsBefore, 2));
+  lblValue[3].set_caption(Digits(sum.over, 3));
+  lblValue[5].set_caption(dot + Digits(sum.pointsAfter, 2));
+  lblValue[1].set_caption(Digits(sum.secondsLeft, 3));
+  lblValue[2].set_caption(dot + std::to_string(sum.aliveHeroes));
   Label2.set_caption(lblValue[0].caption() + lblValue[4].caption() + " + " + lblValue[3].caption() +
                      lblValue[5].caption() + " + " + lblValue[1].caption() + lblValue[2].caption() + " = ");
-  Label3.set_caption(Digits("%05d", sum.Score()));
+  Label3.set_caption(Digits(sum.Score(), 5));
   Image1.set_visible(bonus);
   Label4.set_caption("");
 }
 
 void FormAnalyze::NastavCas(std::uint8_t n) {
   count_ = n;
-  Label4.set_caption(Digits("%d", count_));
+  Label4.set_caption(std::to_string(count_));
   Timer1.Start();
 }
 
 void FormAnalyze::Timer1_Timer() {
   --count_;
   if (count_ == 0) Command1_Click();
-  Label4.set_caption(Digits("%d", count_));
+  Label4.set_caption(std::to_string(count_));
 }
 
 void FormAnalyze::Command1_Click() {

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 
 #include "base/code_page.h"
 #include "base/fault.h"
@@ -13,6 +12,7 @@
 #include "base/folders.h"
 #include "base/lang_str.h"
 #include "base/language.h"
+#include "base/text.h"
 #include "cave/cave_text.h"
 #include "cave/names.h"
 #include "engine/recording.h"
@@ -341,16 +341,11 @@ void FormHra::ShowBox(const std::string& text, const std::string& title) {
 }
 
 void FormHra::ShowCounters() {
-  const auto digits = [](const char* format, int number) {
-    char text[16];
-    std::snprintf(text, sizeof text, format, number);
-    return std::string(text);
-  };
-  lblCas.set_caption(digits("%03d", game.lblCas));
-  lblSebr.set_caption(digits("%03d", game.Collected));
-  lblTreba.set_caption(digits("%03d", game.Need));
-  lblBz1.set_caption(digits("%02d", game.PointsNow));
-  lblBody.set_caption(digits("%05d", game.Score));
+  lblCas.set_caption(Digits(game.lblCas, 3));
+  lblSebr.set_caption(Digits(game.Collected, 3));
+  lblTreba.set_caption(Digits(game.Need, 3));
+  lblBz1.set_caption(Digits(game.PointsNow, 2));
+  lblBody.set_caption(Digits(game.Score, 5));
   if (lblCas.text_width() > lblCas.width() || lblBz1.text_width() > lblBz1.width()) PlaceCounters();
 }
 
