@@ -34,3 +34,8 @@ TintShades ShadesOf(int tint) {
   const platform::Colour base = TintColour(tint);
   return {base, ScaledColour(base, 1.25), ScaledColour(base, 0.75), ScaledColour(base, 2)};
 }
+
+platform::Colour ScreenColour(std::uint32_t bbggrr) {
+  return {static_cast<std::uint8_t>(bbggrr & 0xFF), static_cast<std::uint8_t>(bbggrr >> 8 & 0xFF),
+          static_cast<std::uint8_t>(bbggrr >> 16 & 0xFF)};
+}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "platform/colour.h"
 
 /// The base colour of a tint, 0..14. The last tint has no colour of its own and is black.
@@ -16,3 +18,6 @@ struct TintShades {
   platform::Colour bright;  // base x 2
 };
 TintShades ShadesOf(int tint);
+
+/// The colour of a number 0xBBGGRR, as the rules give it.
+platform::Colour ScreenColour(std::uint32_t bbggrr);

@@ -1,0 +1,94 @@
+// A win in the game window: the score, the record, and the replay of a record.
+
+#include "base/code_page.h"
+#include "base/fault.h"
+#include "base/files.h"
+#include "base/folders.h"
+#include "base/lang_str.h"
+#include "cave/names.h"
+#include "engine/recording.h"
+#include "platform/application.h"
+#include "platform/message_box.h"
+#include "view/form_analyze.h"
+#include "view/form_hra.h"
+
+// The screen with the score is modal: the tick stands still in its middle until it is closed, and runs on to its end
+// then.
+void FormHra::WinGame() {
+  replayLines_.clear();
+  wonInThisTick_ = true;
+  const bool bonus = JeBonus(lblName.caption());
+  SaveRecord(game.Sum.Score() + (bonus ? kBonusPoints : 0));
+  if (frmAnalyze == nullptr) return;
+  frmAnalyze->ShowSum(game.Sum, bonus);
+  if (!game.PlayingReplay && !game.TestPlay) frmAnalyze->NastavCas(3);
+  frmAnalyze->ShowModal();
+}
+
+std::string FormHra::RecordPath() const {
+  const std::string name = CistyNazev(SetName + " - " + CaveName);
+  return CestaHraci + "/" + ToUtf8(PlayerName, CodePage::k1250) + "/" + ToUtf8(name, CodePage::k1250) + ".zbr";
+}
+
+// A record that cannot be written is not given up: the player can make room and try again. The old one stands
+// meanwhile.
+void FormHra::SaveRecord(int score) {
+  if (game.chkRec != 1) return;
+  tmrHra.Stop();
+  game.ProjedKlv();
+  for (;;) {
+    try {
+      WriteFile(RecordPath(), RecordText(SetName, score, PlayerName, game.RecordBuffer));
+      return;
+    } catch (const Fault& fault) {
+      const std::string text = FromUtf8(fault.message() + "\n\nTry again?", CodePage::k1250);
+      const auto answer =
+          platform::ShowMessageBox({text, caption(), platform::BoxButtons::kYesNo, platform::BoxIcon::kExclamation});
+      if (answer != platform::BoxAnswer::kYes) return;
+    }
+  }
+}
+
+void FormHra::Replay() {
+  try {
+    StartReplay();
+  } catch (const Fault& fault) {
+    TellReplayFault(fault.what());
+    EndGame_Click();  // there is no cave to look at
+  }
+}
+
+void FormHra::StartReplay() {
+  Recording recording = ReadRecording(ReadFile(CurrentFile));
+  Label5.set_caption(recording.setName);
+  KOMNATA.surface().Reset(KOMNATA.width(), KOMNATA.height(), platform::Application::PixelRatio());
+  Picture6.set_visible(false);
+  if (recording.player != PlayerName) {
+    platform::ShowMessageBox({LangStr[107] + "\r\n  " + recording.player, LangStr[106], platform::BoxButtons::kOk,
+                              platform::BoxIcon::kExclamation});
+  }
+  game.Score = 0;
+  SetName = recording.setName;
+  game.PlayingReplay = true;
+  replayLines_ = std::move(recording.ticks);
+  replayNext_ = 0;
+  PaintCave(recording.caveText);
+  SetSpeed();
+  Image2.set_visible(true);
+  Command1_Click();
+}
+
+bool FormHra::ReadReplayLine(std::string& line) {
+  if (replayNext_ >= replayLines_.size()) {
+    if (!game.Won) throw Fault("The record ends before the exit is reached.");
+    return false;
+  }
+  line = replayLines_[replayNext_++];
+  return true;
+}
+
+void FormHra::TellReplayFault(const std::string& what) {
+  tmrHra.Stop();
+  const std::string text = FromUtf8(Fault(what, CurrentFile).message(), CodePage::k1250);
+  platform::ShowMessageBox({text, caption(), platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
+}
