@@ -9,6 +9,7 @@
 
 #include "platform/application.h"
 #include "platform/native.h"
+#include "platform/signs.h"
 
 namespace platform {
 
@@ -159,42 +160,6 @@ void DrawComboBox(const QStyle& style, QPainter& painter, const QStyleOptionComb
   DrawArrow(painter, arrow, Qt::DownArrow, enabled);
 }
 
-/// The sign of a message box: a lit disc or triangle with a mark in it.
-QPixmap Sign(QStyle::StandardPixmap kind, int size, qreal ratio) {
-  const Theme& theme = Application::theme();
-  QPixmap pixmap(qRound(size * ratio), qRound(size * ratio));
-  pixmap.setDevicePixelRatio(ratio);
-  pixmap.fill(Qt::transparent);
-  QPainter painter(&pixmap);
-  painter.setRenderHint(QPainter::Antialiasing);
-  const bool warning = kind == QStyle::SP_MessageBoxWarning;
-  const QColor colour = kind == QStyle::SP_MessageBoxCritical ? QColor(0xC9452F) : ToQt(theme.accent);
-  const QRectF area = QRectF(0, 0, size, size).adjusted(2, 2, -2, -2);
-  QLinearGradient body(area.topLeft(), area.bottomLeft());
-  body.setColorAt(0, colour.lighter(115));
-  body.setColorAt(1, colour.darker(120));
-  painter.setPen(QPen(ToQt(theme.outline), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.setBrush(body);
-  if (warning) {
-    painter.drawPolygon(QPolygonF({QPointF(area.center().x(), area.top()), area.bottomRight(), area.bottomLeft()}));
-  } else {
-    painter.drawEllipse(area);
-  }
-  QFont font = ToQt(Font{.size = size * 6 / 10, .bold = true});
-  painter.setFont(font);
-  painter.setPen(kind == QStyle::SP_MessageBoxCritical ? ToQt(theme.text) : ToQt(theme.accent_text));
-  const QString mark = kind == QStyle::SP_MessageBoxQuestion      ? "?"
-                       : kind == QStyle::SP_MessageBoxInformation ? "i"
-                                                                  : "!";
-  painter.drawText(area.translated(0, warning ? size * 0.1 : 0), Qt::AlignCenter, mark);
-  return pixmap;
-}
-
-bool IsSign(QStyle::StandardPixmap pixmap) {
-  return pixmap == QStyle::SP_MessageBoxInformation || pixmap == QStyle::SP_MessageBoxWarning ||
-         pixmap == QStyle::SP_MessageBoxCritical || pixmap == QStyle::SP_MessageBoxQuestion;
-}
-
 /// Saves the painter's state and smooths edges for as long as it exists.
 struct Smooth {
   explicit Smooth(QPainter* p) : painter(p) {
@@ -335,13 +300,15 @@ int Look::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* w
 }
 
 QPixmap Look::standardPixmap(StandardPixmap pixmap, const QStyleOption* option, const QWidget* widget) const {
-  if (!IsSign(pixmap)) return QProxyStyle::standardPixmap(pixmap, option, widget);
-  return Sign(pixmap, 40, qApp->devicePixelRatio());
+  const QIcon icon = SignOf(pixmap);
+  constexpr int kSize = 40;
+  return icon.isNull() ? QProxyStyle::standardPixmap(pixmap, option, widget)
+                       : icon.pixmap(QSize(kSize, kSize), qApp->devicePixelRatio());
 }
 
 QIcon Look::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
-  return IsSign(icon) ? QIcon(Look::standardPixmap(icon, option, widget))
-                      : QProxyStyle::standardIcon(icon, option, widget);
+  const QIcon sign = SignOf(icon);
+  return sign.isNull() ? QProxyStyle::standardIcon(icon, option, widget) : sign;
 }
 
 }  // namespace platform

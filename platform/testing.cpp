@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -64,6 +65,18 @@ void SendMouse(const Control& control, QEvent::Type type, int x, int y, Qt::Mous
   qt_handleMouseEvent(window->windowHandle(), place, window->mapToGlobal(place), held, button,
                       type == QEvent::MouseButtonDblClick ? QEvent::MouseButtonPress : type, Modifiers(shift), time);
   QCoreApplication::processEvents();
+}
+
+void ActOnceInFront(const QPointer<QWidget>& before, std::function<void()> action) {
+  QWidget* front = QApplication::activeModalWidget();
+  if (front && front != before) {
+    if (front->windowHandle() == QGuiApplication::focusWindow()) {
+      action();
+      return;
+    }
+    front->activateWindow();  // as a desktop does when the box above has gone
+  }
+  Later(5, [before, action = std::move(action)]() mutable { ActOnceInFront(before, std::move(action)); });
 }
 
 }  // namespace
@@ -159,14 +172,7 @@ void Later(int milliseconds, std::function<void()> action) {
   QTimer::singleShot(milliseconds, qApp, std::move(action));
 }
 
-void WhenFront(std::function<void()> action) {
-  const QWidget* front = QApplication::activeModalWidget();
-  if (front && front->windowHandle() == QGuiApplication::focusWindow()) {
-    action();
-  } else {
-    Later(5, [action = std::move(action)]() mutable { WhenFront(std::move(action)); });
-  }
-}
+void WhenFront(std::function<void()> action) { ActOnceInFront(QApplication::activeModalWidget(), std::move(action)); }
 
 bool HasInput(const Form& form) {
   const QWindow* window = Native::Widget(form)->windowHandle();

@@ -46,7 +46,7 @@ void Wait(int milliseconds);
 bool WaitUntil(const std::function<bool()>& condition);
 /// Runs something from the event loop later, whether timers stand still or not: while a box or a modal form is open.
 void Later(int milliseconds, std::function<void()> action);
-/// Runs something from the event loop once a box or modal form has the input. Call before it is shown.
+/// Runs something from the event loop once a box or modal form has the input, another than now.
 void WhenFront(std::function<void()> action);
 /// The form has the input of the keyboard.
 bool HasInput(const Form& form);

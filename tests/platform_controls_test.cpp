@@ -2,18 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <functional>
 #include <stdexcept>
 #include <string>
 
 #include "base/code_page.h"
 #include "platform/application.h"
 #include "platform/controls.h"
+#include "platform/file_dialog.h"
 #include "platform/form.h"
 #include "platform/keys.h"
 #include "platform/list_controls.h"
 #include "platform/testing.h"
 #include "platform/text_box.h"
 #include "shown_form.h"
+#include "temp_folder.h"
 
 using namespace platform;
 
@@ -353,6 +357,93 @@ TEST(ControlTest, WheelOverRowsReachesTheirContainer) {
   user::TurnWheel(text, -1);
   EXPECT_NE(user::Grab(text), top) << "a text box scrolls by itself";
   EXPECT_EQ(turned, -3);
+}
+
+// ---------------------------------------------------------------------------------------------------- File dialogs
+
+/// A folder with sets in it and a dialog upon them.
+class FileDialogTest : public ::testing::Test {
+ protected:
+  FileDialogTest() {
+    setenv("XDG_CONFIG_HOME", settings_.path().c_str(), 1);
+    dialog_.filter = FileFilter("Sets (*.zb)", "*.zb");
+    dialog_.folder = folder_.path();
+    dialog_.default_extension = "*.zb";
+    folder_.Make("Žlutá.zb");
+    folder_.Make("old.zb");
+    folder_.Make("folder/inner.ZB");
+  }
+
+  /// Does something in the dialog that comes to the front next.
+  static void Then(const std::function<void()>& act) { user::WhenFront(act); }
+  static void TypeAndEnter(const std::string& utf8) {
+    user::Type(utf8);
+    user::TapKey(kKeyEnter);
+  }
+
+  const TempFolder settings_;  // Qt's dialog remembers its size and more
+  const TempFolder folder_;
+  FileDialog dialog_;
+  const ShownForm form_;
+};
+
+TEST_F(FileDialogTest, OpensWhatIsTypedOrNothing) {
+  dialog_.flags = kFileMustExist | kHideReadOnly;
+  Then([] { TypeAndEnter("Žlutá.zb"); });
+  EXPECT_EQ(ShowOpenDialog(dialog_), folder_.Path("Žlutá.zb"));
+  Then([this] { TypeAndEnter(folder_.Path("folder/inner.ZB")); });
+  EXPECT_EQ(ShowOpenDialog(dialog_), folder_.Path("folder/inner.ZB"));
+  Then([] {
+    Then([] {  // the box that says so
+      Then([] { user::TapKey(kKeyEscape); });
+      user::TapKey(kKeyEnter);
+    });
+    TypeAndEnter("missing.zb");
+  });
+  EXPECT_EQ(ShowOpenDialog(dialog_), "");
+}
+
+TEST_F(FileDialogTest, SavesWithTheEndingAndAsksBeforeItReplaces) {
+  dialog_.flags = kOverwritePrompt | kExplorerStyle | kHideReadOnly;
+  Then([] { TypeAndEnter("new 1.5"); });
+  EXPECT_EQ(ShowSaveDialog(dialog_), folder_.Path("new 1.5.zb"));
+  Then([] { TypeAndEnter("New.ZB"); });
+  EXPECT_EQ(ShowSaveDialog(dialog_), folder_.Path("New.ZB"));
+  const auto take_old = [](const std::function<void()>& answer) {
+    Then([answer] {
+      Then(answer);
+      TypeAndEnter("old");
+    });
+  };
+  take_old([] {
+    user::TapKey(kKeyLeft);  // from "No" to "Yes"
+    user::TapKey(kKeyEnter);
+  });
+  EXPECT_EQ(ShowSaveDialog(dialog_), folder_.Path("old.zb"));
+  bool still_open = false;
+  take_old([&] {
+    Then([&] {
+      still_open = true;
+      user::TapKey(kKeyEscape);
+    });
+    user::TapKey(kKeyEnter);
+  });
+  EXPECT_EQ(ShowSaveDialog(dialog_), "");
+  EXPECT_TRUE(still_open) << "after a \"No\"";
+  dialog_.flags = 0;
+  Then([] { TypeAndEnter("old"); });
+  EXPECT_EQ(ShowSaveDialog(dialog_), folder_.Path("old.zb"));
+}
+
+TEST_F(FileDialogTest, ResponderAnswers) {
+  std::string seen;
+  SetFileDialogResponder([&](const FileDialog& dialog) {
+    seen = dialog.filter;
+    return "chosen";
+  });
+  EXPECT_EQ(ShowOpenDialog(dialog_), "chosen");
+  EXPECT_EQ(seen, dialog_.filter);
+  SetFileDialogResponder({});
 }
 
 }  // namespace
