@@ -174,4 +174,17 @@ TEST(EngineHero, TeleportSelectsItsHero) {
   nobody.game.Tiles(1, 1) = HeroTile;  // no record points here
   nobody.game.Teleport();
   EXPECT_FALSE(nobody.game.HeroLocked);
+  nobody.Run("u - -");  // the hero can go on meanwhile
+  EXPECT_EQ(nobody.Shown(), Rows("1;;W/..;H/2W;."));
+}
+
+// An entrance that the cave before has left where this one has its ring: the ring itself is taken away as a thing.
+TEST(EngineHero, AnEntranceOfTheCaveBeforeOpensTheRing) {
+  Play play(";;;/;S;/;W;");
+  play.Load("S/1/;");  // an exit alone
+  play.Run("- - -");
+  EXPECT_EQ(play.game.Tiles(1, 1), SteelWall);
+  play.Run("r");
+  EXPECT_EQ(play.Shown(), Rows("W/./;"));
+  EXPECT_EQ(play.game.Heroes[1], (HeroRecord{1, 1, -1}));  // outside
 }

@@ -181,6 +181,9 @@ TEST_F(LanguageTest, CaptionsFollowTheNewLanguageAndFontsOnlyACyrillicName) {
   steps.clear();
   NactiJazyk(Write(FileBytes("3")));
   EXPECT_THAT(steps, ElementsAre("first row 0\xC7", "second", "font"));
+  steps.clear();
+  NactiJazyk(Write(FileBytes("1")));
+  EXPECT_THAT(steps, ElementsAre("first row 0Z", "second")) << "nothing takes the fonts back";
 }
 
 TEST_F(LanguageTest, ShortFileChangesNothing) {

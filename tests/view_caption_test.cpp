@@ -1,4 +1,4 @@
-// What the caption of the game window says; part of view_test.
+// The captions of the game window and its controls; part of view_test.
 
 #include <gtest/gtest.h>
 
@@ -16,6 +16,18 @@ TEST(GameCaptionTest, TellsWhoPlaysWhat) {
   EXPECT_EQ(CaveCaption(LangStr[177], "New", CaveMode::kTestPlay),
             "Borzeek - Player: cave author - Cave: New - test play");
   NactiJazyk(kData + "/cestina.zbl");
+}
+
+TEST(GameCaptionTest, RecordingAndRestartHaveTheSameCaptionInEveryLanguage) {
+  Game game(Cave("1;T"));
+  game.Open();
+  for (const char* language : {"english", "cestina"}) {
+    NactiJazyk(kData + "/" + language + ".zbl");
+    game.form.SetLW();
+    EXPECT_EQ(game.form.Label1.caption(), LangStr[85]);
+    EXPECT_EQ(game.form.chkRec.caption(), "Zaznamenat hru") << language;
+    EXPECT_EQ(game.form.Command3.caption(), "Restart (Ctrl+R)") << language;
+  }
 }
 
 }  // namespace
