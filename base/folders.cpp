@@ -3,3 +3,4 @@
 std::string CestaKomnaty;
 std::string CestaZaznamy;
 std::string CestaHraci;
+std::string OwnSets;

@@ -4,10 +4,18 @@
 #include <cstdint>
 
 #include "base/lang_str.h"
+#include "shell/registry_values.h"
 
 namespace {
 
 constexpr int kSlowest = 10;  // speeds run from 1, the fastest, to 10; a bar to the right means faster
+
+/// A stored speed; a damaged one becomes the slowest.
+std::uint8_t ReadSpeed(const char* name) {
+  return static_cast<std::uint8_t>(std::clamp(ReadNumber(name), 0, kSlowest));
+}
+
+std::uint8_t ReadFlag(const char* name) { return static_cast<std::uint8_t>(ReadNumber(name) != 0); }
 
 std::uint8_t SpeedOf(const platform::ScrollBar& bar) { return static_cast<std::uint8_t>(kSlowest + 1 - bar.value()); }
 
@@ -47,6 +55,31 @@ void FrmSettings::Place() {
   Resize(inner + 2 * kEdge, top + 36 + kEdge);
 }
 
+void FrmSettings::ReadValues() {
+  Rychlost = ReadSpeed(registry::kRychlost);
+  if (Rychlost == 0) {
+    static_cast<Settings&>(*this) = Settings();
+    CreateProgramKey();
+    WriteValues();
+    return;
+  }
+  // A speed of no replay is mended here alone: the store keeps it until the dialog is confirmed.
+  RychlostZ = std::max<std::uint8_t>(ReadSpeed(registry::kRychlostZ), 1);
+  Joystick = ReadFlag(registry::kJoystick);
+  AnimovatAaB = ReadFlag(registry::kAnimovatAaB);
+  DatPauzu = ReadFlag(registry::kDatPauzu);
+  Zvuk = ReadFlag(registry::kZvuk);
+}
+
+void FrmSettings::WriteValues() const {
+  WriteNumber(registry::kAnimovatAaB, AnimovatAaB);
+  WriteNumber(registry::kRychlost, Rychlost);
+  WriteNumber(registry::kRychlostZ, RychlostZ);
+  WriteNumber(registry::kDatPauzu, DatPauzu);
+  WriteNumber(registry::kZvuk, Zvuk);
+  WriteNumber(registry::kJoystick, Joystick);
+}
+
 void FrmSettings::SetSett() {
   Check1.set_value(AnimovatAaB);
   HScroll1.set_value(kSlowest + 1 - Rychlost);
@@ -63,6 +96,7 @@ void FrmSettings::Command1_Click() {
   DatPauzu = static_cast<std::uint8_t>(Check2.value());
   Zvuk = static_cast<std::uint8_t>(Check3.value());
   Joystick = static_cast<std::uint8_t>(Check4.value());
+  WriteValues();
   if (settingsTaken) settingsTaken();
   Hide();
 }

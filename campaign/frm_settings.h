@@ -12,6 +12,8 @@ class FrmSettings : public platform::Form, public Settings {
  public:
   FrmSettings();
 
+  /// Takes the stored values over. On the first start there are none: the defaults are stored, then.
+  void ReadValues();
   /// Puts the fields into the controls.
   void SetSett();
   /// Texts of the language in force.
@@ -33,4 +35,5 @@ class FrmSettings : public platform::Form, public Settings {
 
  private:
   void Place();
+  void WriteValues() const;
 };

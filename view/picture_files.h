@@ -149,6 +149,7 @@ inline constexpr Extra kLamp = {"lamp.svg", 24, 24};               // ring and g
 inline constexpr Extra kStart = {"start.svg", 326, 326};           // the big disc of the start screen
 inline constexpr Extra kButton = {"button.svg", 152, 152};         // its round buttons, below a caption
 inline constexpr Extra kContest = {"contest.svg", 115, 70};        // its badge for the contests
+inline constexpr Extra kPlaque = {"plaque.svg", 290, 242};         // the plate under its lists
 inline constexpr Extra kLogo = {"logo.svg", 400, 160};
 inline constexpr Extra kLogoEnglish = {"logo_borzeek.svg", 400, 160};
 inline constexpr Extra kLogoRussian = {"logo_zorbi.svg", 400, 160};
@@ -160,9 +161,9 @@ inline constexpr Extra kFacingRight = {"facing_right.svg", 50, 50};
 inline constexpr Extra kFacingDown = {"facing_down.svg", 50, 50};
 inline constexpr Extra kMagicMark = {"magic_mark.svg", 50, 50};
 
-inline constexpr std::array<Extra, 21> kExtras = {
-    kBlesk,       kBonus, kReplay,     kIconClock, kIconGem,     kIconNeed,   kIconPoints,
-    kIconScore,   kLamp,  kStart,      kButton,    kContest,     kLogo,       kLogoEnglish,
-    kLogoRussian, kApp,   kFacingLeft, kFacingUp,  kFacingRight, kFacingDown, kMagicMark};
+inline constexpr std::array<Extra, 22> kExtras = {
+    kBlesk, kBonus,      kReplay,   kIconClock,   kIconGem,    kIconNeed, kIconPoints,  kIconScore,
+    kLamp,  kStart,      kButton,   kContest,     kPlaque,     kLogo,     kLogoEnglish, kLogoRussian,
+    kApp,   kFacingLeft, kFacingUp, kFacingRight, kFacingDown, kMagicMark};
 
 }  // namespace picture

@@ -1,0 +1,93 @@
+#include "campaign/players.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "base/code_page.h"
+#include "base/fault.h"
+#include "base/files.h"
+#include "base/folders.h"
+#include "cave/names.h"
+#include "engine/recording.h"
+
+namespace {
+
+constexpr std::size_t kTailLength = 5;  // "---" and two digits
+
+/// The folder if a file lies in it, otherwise the program's own.
+std::string FolderWithFiles(const std::string& programFolder, const std::string& name) {
+  std::string folder = programFolder + "/" + name + "/";
+  return ListFiles(folder, "").empty() ? programFolder + "/" : folder;
+}
+
+std::string Lower(std::string_view text) { return ToLower(text, CodePage::k1250); }
+
+std::string_view Trim(std::string_view text) {
+  while (text.starts_with(' ')) text.remove_prefix(1);
+  while (text.ends_with(' ')) text.remove_suffix(1);
+  return text;
+}
+
+bool SamePlayer(std::string_view a, std::string_view b) { return Lower(Trim(a)) == Lower(Trim(b)); }
+
+}  // namespace
+
+void SetFolders(const std::string& programFolder, std::string_view executable, const std::string& dataFolder) {
+  const bool english = Lower(executable.substr(0, 2)) == "bo";
+  const std::string sets = english ? "Caves" : "Komnaty";
+  CestaKomnaty = FolderWithFiles(programFolder, sets);
+  CestaZaznamy = FolderWithFiles(programFolder, english ? "Records" : "Záznamy");
+  CestaHraci = (dataFolder.empty() ? programFolder : dataFolder) + (english ? "/Players" : "/Hráči");
+  OwnSets = dataFolder.empty() ? CestaKomnaty : dataFolder + "/" + sets + "/";
+}
+
+std::string UserDataFolder() {
+  const char* data = std::getenv("XDG_DATA_HOME");
+  if (data != nullptr && *data == '/') return std::string(data) + "/zorbik";
+  const char* home = std::getenv("HOME");
+  return std::string(home != nullptr ? home : "") + "/.local/share/zorbik";
+}
+
+bool CanWriteTo(const std::string& folder) { return access(folder.c_str(), W_OK | X_OK) == 0; }
+
+std::vector<std::string> ListPlayers() {
+  std::vector<std::string> players;
+  for (const std::string& folder : ListFolders(CestaHraci)) {
+    std::string name = FromUtf8(folder, CodePage::k1250);
+    if (ToUtf8(name, CodePage::k1250) == folder) players.push_back(std::move(name));
+  }
+  return players;
+}
+
+std::string PlayerFolder(const std::string& player) { return CestaHraci + "/" + ToUtf8(player, CodePage::k1250); }
+
+bool MakePlayer(const std::string& player) {
+  const std::string folder = PlayerFolder(player);
+  if (!FindPath(folder).empty()) return false;
+  std::error_code error;
+  return std::filesystem::create_directory(folder, error);
+}
+
+std::string RecordName(const std::string& setName, const std::string& caveName) {
+  return CistyNazev(setName + " - " + caveName) + ".zbr";
+}
+
+CaveRecordState ReadRecord(const std::string& player, const std::string& setName, const std::string& caveName,
+                           std::string_view caveText) {
+  const std::string name = ToUtf8(Lower(RecordName(setName, caveName)), CodePage::k1250);
+  const std::string path = FindPath(PlayerFolder(player) + "/" + name);
+  if (path.empty()) return {};
+  Recording recording;
+  try {
+    recording = ReadRecording(ReadFile(path));
+    if (recording.caveText.size() < kTailLength) throw Fault("Line 3 holds no cave.");
+  } catch (const Fault& fault) {
+    throw Fault(fault.what(), path);
+  }
+  const auto cells = [](std::string_view text) { return text.substr(0, text.size() - kTailLength); };
+  if (cells(recording.caveText) != cells(caveText)) return {};
+  return {SamePlayer(recording.player, player) ? Verdict::kOwn : Verdict::kForeign, recording.score};
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// A player is a folder, and what a player has reached is nothing but the record files in it. Names are in code page
+// 1250, paths in UTF-8.
+
+/// Sets the folders of base/folders.h.
+/// programFolder: the executable's, without "/" at its end. executable: its name; beginning with "bo", in capitals too,
+/// it gets folders with English names. dataFolder: where players and own sets go instead when the program's folder
+/// cannot be written; empty when it can.
+void SetFolders(const std::string& programFolder, std::string_view executable, const std::string& dataFolder = {});
+
+/// The user's folder for the data of this game, by the rules of the desktop: $XDG_DATA_HOME/zorbik, or
+/// ~/.local/share/zorbik.
+std::string UserDataFolder();
+
+/// The program may make files in this folder.
+bool CanWriteTo(const std::string& folder);
+
+/// The players, sorted regardless of case. A folder whose name the code page cannot tell is no player.
+std::vector<std::string> ListPlayers();
+
+/// The folder of a player.
+std::string PlayerFolder(const std::string& player);
+
+/// Makes a player's folder. False when that fails, also when there is such a folder already, be it in other case.
+bool MakePlayer(const std::string& player);
+
+/// The name of a record file, in code page 1250.
+std::string RecordName(const std::string& setName, const std::string& caveName);
+
+/// What a record says of a cave.
+enum class Verdict {
+  kNone,     // there is none, or it is of another cave
+  kOwn,      // the player's own
+  kForeign,  // another player's
+};
+
+struct CaveRecordState {
+  Verdict verdict = Verdict::kNone;
+  int score = 0;
+};
+
+/// Reads what the player's folder holds about a cave. caveText: the cave's line in its set, with its tail; the tail
+/// alone may differ. Throws Fault when the file has fewer than three lines or no cave in the third, or cannot be read.
+CaveRecordState ReadRecord(const std::string& player, const std::string& setName, const std::string& caveName,
+                           std::string_view caveText);

@@ -1,0 +1,102 @@
+#include "shell/program.h"
+
+#include <utility>
+
+#include "base/language.h"
+#include "campaign/players.h"
+#include "platform/application.h"
+
+namespace {
+
+constexpr const char* kNoSet = "/";
+
+Program* running = nullptr;
+
+/// Gives all texts and lists the Cyrillic charset. Nothing takes it back before the next start.
+void SetLFont() {
+  for (platform::Form* form : platform::Form::All()) {
+    platform::ForEachControl(*form, [](platform::Control& control) {
+      const bool concerned = dynamic_cast<platform::Label*>(&control) || dynamic_cast<platform::Button*>(&control) ||
+                             dynamic_cast<platform::CheckBox*>(&control) ||
+                             dynamic_cast<platform::ListBox*>(&control) || dynamic_cast<platform::TextBox*>(&control);
+      if (concerned) control.set_charset(platform::Charset::kCyrillic);
+    });
+  }
+}
+
+}  // namespace
+
+Program::Program(std::string folder, std::string executable, std::string dataFolder)
+    : frmAnalyze(folder),
+      hra(folder, frmSettings),
+      frmPoSt(folder, forms),
+      frmStart2(folder, forms),
+      folder_(std::move(folder)),
+      executable_(std::move(executable)),
+      dataFolder_(std::move(dataFolder)) {
+  forms = {&frmSettings, &hra, &frmAnalyze, &frmPoSt, &frmStart2, &frmDialog2, &frmDialog3, &frmLoading, &frmSLang};
+  TieForms();
+  if (static bool told = false; !std::exchange(told, true)) {
+    OnSetLW([] {
+      if (running) running->SetLW();
+    });
+    OnSetLFont(SetLFont);
+  }
+  running = this;
+}
+
+Program::~Program() { running = nullptr; }
+
+/// What the game asks of the forms around it.
+void Program::TieForms() {
+  hra.frmAnalyze = &frmAnalyze;
+  hra.leave = [this] { ShowAfterGame(); };
+  hra.restartCave = [this] { frmPoSt.Command2_Click(); };
+  hra.caveWon = [this] { frmPoSt.Prosel(); };
+  hra.showSettings = [this] {
+    frmSettings.SetSett();
+    frmSettings.ShowModal();
+  };
+  frmAnalyze.leave = [this] {
+    hra.tmrHra.Stop();
+    hra.Hide();
+    ShowAfterGame();
+  };
+  frmSettings.settingsTaken = [this] { hra.SetSpeed(); };
+  frmSLang.showStart = [this] { frmStart2.Show(); };
+}
+
+void Program::ShowAfterGame() {
+  if (hra.SetFile == kNoSet) {
+    frmStart2.List2_Click();  // a record from anywhere was played by nobody; the player is back now
+    frmStart2.Show();
+  } else {
+    frmPoSt.SetLWPost();
+    frmPoSt.Show();
+  }
+}
+
+void Program::Main() {
+  frmStart2.FindSett();
+  frmLoading.ShowNow();
+  SetFolders(folder_, executable_, dataFolder_);
+  frmStart2.FrmLoad();
+  hra.FrmLoad();
+  frmPoSt.FrmLoad();
+  frmLoading.Hide();
+  frmStart2.Show();
+}
+
+void Program::SetLW() {
+  platform::Application::set_default_charset(HeroNameIsLatin() ? platform::Charset::kCentralEuropean
+                                                               : platform::Charset::kCyrillic);
+  hra.SetLW();
+  frmAnalyze.SetLW();
+  frmSettings.SetLW();
+  frmStart2.SetLW();
+  frmDialog2.SetLW();
+  frmDialog3.SetLW();
+  frmLoading.SetLW();
+  frmSLang.SetLW();
+  frmPoSt.SetLWPost();
+}
