@@ -167,11 +167,12 @@ void FrmPoSt::LoadColl(const std::string& path) {
   try {
     ShowSet(path);
     ReadProgress();
-  } catch (const Fault&) {
+  } catch (...) {
     forms_.frmLoading->Hide();  // it would stand before the message
     throw;
   }
   lblCave_Click(1);
+  if (PocetK == 0) ShowNoCave();
   VScroll1.set_max(PocetK - kRowsShown);
   VScroll1.set_enabled(PocetK > kRowsShown);
   forms_.hra->SetFile = path;
@@ -242,6 +243,8 @@ void FrmPoSt::SetLWPost() {
   Command2.set_caption(LangStr[0]);
   Command3.set_caption(LangStr[73]);
   Label5.set_caption(LangStr[76]);
+  Label1.set_accessible_name(LangStr[42]);
+  VScroll1.set_accessible_name(LangStr[38]);
   const auto& contest = ContestSets();
   Command4.set_visible(std::find(contest.begin(), contest.end(), Label4.caption()) != contest.end());
 }
@@ -259,6 +262,13 @@ void FrmPoSt::lblCave_Click(int n) {
   while (Picture2.top() + top < 0) VScroll1.set_value(VScroll1.value() - 1);
   MarkRow(AktK, true);
   if (Command2.visible()) Command2.SetFocus();
+}
+
+/// A set without caves leaves nothing to play.
+void FrmPoSt::ShowNoCave() {
+  for (platform::Label* label : {&lblName, &lblDescr, &lblZzn}) label->set_caption("");
+  for (platform::Control* control : std::initializer_list<platform::Control*>{&Command1, &Command2, &Image1})
+    control->set_visible(false);
 }
 
 void FrmPoSt::ShowCard(int n) {

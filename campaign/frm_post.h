@@ -86,6 +86,7 @@ class FrmPoSt : public platform::Form, public PlayedSet {
   void ShowMail();
   void ReadProgress();
   void ShowRow(int j, int score);
+  void ShowNoCave();
   void ShowCard(int n);
   void PlaceDescription();
   void PresetGame(const CaveRecord& cave);

@@ -142,6 +142,7 @@ class FormHra : public platform::Form {
   void WinGame();
   std::string RecordPath() const;
   void StartReplay();
+  void ClearScreen();
   bool ReadReplayLine(std::string& line);
   void TellReplayFault(const std::string& what);
 

@@ -61,8 +61,7 @@ void FormHra::Replay() {
 void FormHra::StartReplay() {
   Recording recording = ReadRecording(ReadFile(CurrentFile));
   Label5.set_caption(recording.setName);
-  KOMNATA.surface().Reset(KOMNATA.width(), KOMNATA.height(), platform::Application::PixelRatio());
-  Picture6.set_visible(false);
+  ClearScreen();
   if (recording.player != PlayerName) {
     platform::ShowMessageBox({LangStr[107] + "\r\n  " + recording.player, LangStr[106], platform::BoxButtons::kOk,
                               platform::BoxIcon::kExclamation});
@@ -76,6 +75,16 @@ void FormHra::StartReplay() {
   SetSpeed();
   Image2.set_visible(true);
   Command1_Click();
+}
+
+/// The window without a cave, for the question before a replay.
+void FormHra::ClearScreen() {
+  KOMNATA.SetBounds(0, 0, Ram.width(), Ram.height());
+  KOMNATA.surface().Reset(Ram.width(), Ram.height(), platform::Application::PixelRatio());
+  for (platform::Control* control :
+       std::initializer_list<platform::Control*>{&Picture5, &Picture6, &Picture8, &Psi, &chkRec}) {
+    control->set_visible(false);
+  }
 }
 
 bool FormHra::ReadReplayLine(std::string& line) {
