@@ -244,6 +244,7 @@ class Hra {
   void GrowWall(int x, int y, std::uint16_t tile, int dx, int dy);
   void GrowAmoeba();
   void CheckInput(int keyMove, int keyAction, int hero) const;
+  bool CanBeCurrent(int hero) const;
   void ReadInput();
   void CheckHeroes();
   void MoveOrIdle();

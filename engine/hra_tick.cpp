@@ -188,7 +188,16 @@ void Hra::GrowAmoeba() {
 void Hra::CheckInput(int keyMove, int keyAction, int hero) const {
   if (keyMove != 0 && !IsDirection(keyMove)) throw Fault("The line holds a key that does not exist.");
   if (keyAction != 0 && keyAction != 1) throw Fault("The line holds an action that does not exist.");
-  if (hero < 0 || hero > std::max(HeroCount, 1)) throw Fault("The line holds a hero who is not in the cave.");
+  if (!CanBeCurrent(hero)) throw Fault("The line holds a hero who cannot be chosen.");
+}
+
+/// Whether a game can record the hero in its next tick: only a living one is ever chosen, except that Tab stops
+/// anywhere once nobody is left, and at hero 0 in a cave without heroes.
+bool Hra::CanBeCurrent(int hero) const {
+  if (hero == CurrentHero) return true;
+  if (hero < (HeroCount == 0 ? 0 : 1) || hero > std::max(HeroCount, 1)) return false;
+  const auto living = [](const HeroRecord& record) { return record.alive != 0; };
+  return living(Hero(hero)) || std::none_of(Heroes.begin(), Heroes.end(), living);
 }
 
 void Hra::ReadInput() {

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <thread>
 #include <vector>
@@ -24,8 +25,10 @@
 
 namespace {
 
+using testing::AllOf;
 using testing::ContainsRegex;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 /// A cave of three cells' walk: hero, gem, exit. Its sum is 10 + seconds left.
@@ -160,7 +163,7 @@ TEST(Replaying, TellsTheLineThatDoesNotFit) {
   for (std::size_t length = 1; length < good.size(); ++length) {
     EXPECT_THAT(with(good.substr(0, length), false), StartsWith("line 4: ")) << length;
   }
-  for (const std::string keys : {"gAC", "gCB", "BAB",
+  for (const std::string keys : {"gAA", "gAC", "gCB", "BAB",
                                  "\x40"
                                  "AB"}) {
     EXPECT_THAT(with(good[0] + keys + good[4], false), StartsWith("line 4: ")) << keys;
@@ -171,6 +174,12 @@ TEST(Replaying, TellsTheLineThatDoesNotFit) {
   EXPECT_EQ(with(good + Scramble("Look!"), true), "");
   EXPECT_EQ(with(good + "???", false), "");
   EXPECT_THAT(with(good + "AZZ", true), HasSubstr("no note"));
+  // Nobody can choose a hero who is missing among those of the cave, as long as another one lives.
+  CaveRecord cave = ParseCaveText(SmallCave());
+  cave.Cell(3, 0) = '3';
+  recording.caveText = BuildCaveText(cave);
+  EXPECT_THAT(with("CAAD", false), Not(StartsWith("line 4: ")));
+  EXPECT_THAT(with("CAAC", false), StartsWith("line 4: "));
   recording.caveText = "E";
   EXPECT_THAT(FaultOf(recording, false), StartsWith("line 3: "));
 }
@@ -208,11 +217,31 @@ TEST(Zbrcheck, GivesAVerdictOnEachFile) {
     EXPECT_THAT(all.output, HasSubstr(line));
   }
   EXPECT_EQ(RunZbrcheck(folder.Path("a")).status, 0);
+  EXPECT_THAT(RunZbrcheck("--json " + folder.Make("\xE9.zbr", "") + " '\"\xC5\x99'").output,
+              AllOf(HasSubstr("/\\udce9.zbr\""), HasSubstr("\"\\\"\xC5\x99\"")));
   EXPECT_THAT(RunZbrcheck(folder.Path("missing.zbr")).output, HasSubstr(": damaged: "));
   EXPECT_THAT(RunZbrcheck("--json " + other).output,
               HasSubstr("\"verdict\": \"other score\", \"ticks\": 2, \"recorded score\": 9999, \"score\": 159}"));
   for (const std::string wrong : {"", "--bogus", "--dump x.zbr", "--trace a b"})
     EXPECT_EQ(RunZbrcheck(wrong).status, 2) << wrong;
+}
+
+// Folders hold odd things, and disks are full; neither ends the check of all the others, nor is it passed over.
+TEST(Zbrcheck, SaysWhatItCannotReadOrWrite) {
+  const TempFolder folder;
+  folder.Make("good.Zbr", WonRecord(159));
+  std::filesystem::create_symlink("nowhere.zbr", folder.Path("broken.zbr"));
+  std::filesystem::create_symlink("loop.zbr", folder.Path("loop.zbr"));
+  std::filesystem::create_directory_symlink(".", folder.Path("again"));
+  const Result all = RunZbrcheck(folder.path());
+  for (const char* line : {"broken.zbr: damaged: ", "loop.zbr: damaged: ", "good.Zbr: won 159\n", "1 of 3 records"}) {
+    EXPECT_THAT(all.output, HasSubstr(line));
+  }
+  EXPECT_THAT(RunZbrcheck(folder.Path("loop.zbr")).output, HasSubstr("loop.zbr: damaged: "));
+  EXPECT_THAT(RunZbrcheck(std::string(300, 'a')).output, HasSubstr("a: damaged: "));
+  for (const std::string option : {"", "--trace "}) {
+    EXPECT_EQ(RunZbrcheck(option + folder.Path("good.Zbr") + " >/dev/full").status, 1) << option;
+  }
 }
 
 TEST(Zbrcheck, TracesEachTick) {

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <filesystem>
@@ -14,9 +15,12 @@
 
 #include "base/fault.h"
 #include "base/files.h"
+#include "base/utf8.h"
 #include "engine/replay.h"
 
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr const char* kUsage =
     "usage: zbrcheck [--strict] [--json] FILE...\n"
@@ -86,21 +90,33 @@ Options ReadArguments(int argc, char** argv) {
   return options;
 }
 
+/// The record files in a folder and below. A folder that cannot be listed is given back itself, so that it gets a
+/// verdict, too.
+void AddRecordsBelow(const fs::path& folder, std::vector<std::string>& files) {
+  std::error_code error;
+  fs::directory_iterator entry(folder, error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    std::error_code unknown;  // of a link that leads nowhere: its verdict tells
+    if (entry->is_directory(unknown)) {
+      if (!entry->is_symlink(unknown)) AddRecordsBelow(entry->path(), files);
+    } else if (CaseKey(entry->path().extension().string()) == CaseKey(".zbr")) {
+      files.push_back(entry->path().string());
+    }
+  }
+  if (error) files.push_back(folder.string());
+}
+
 /// The record files among the arguments and in the folders among them, each folder in order of its names.
 std::vector<std::string> FilesToCheck(const std::vector<std::string>& arguments) {
-  namespace fs = std::filesystem;
   std::vector<std::string> files;
   for (const std::string& argument : arguments) {
-    if (!fs::is_directory(argument)) {
+    std::error_code unknown;
+    if (!fs::is_directory(argument, unknown)) {
       files.push_back(argument);
       continue;
     }
     std::vector<std::string> inside;
-    for (const auto& entry : fs::recursive_directory_iterator(argument)) {
-      const std::string extension = entry.path().extension().string();
-      if (entry.is_regular_file() && (extension == ".zbr" || extension == ".ZBR"))
-        inside.push_back(entry.path().string());
-    }
+    AddRecordsBelow(argument, inside);
     std::sort(inside.begin(), inside.end());
     files.insert(files.end(), inside.begin(), inside.end());
   }
@@ -141,18 +157,19 @@ std::string Plain(const std::string& file, const Verdict& verdict) {
   return text + "damaged: " + verdict.reason;
 }
 
+/// A byte of a file's name that is no UTF-8 becomes the code that CodePoints gives it, so that the object stays JSON.
 std::string JsonString(const std::string& text) {
   std::string quoted = "\"";
-  for (const char c : text) {
+  for (const char32_t c : CodePoints(text)) {
     if (c == '"' || c == '\\') {
       quoted += '\\';
-      quoted += c;
-    } else if (static_cast<unsigned char>(c) < 0x20) {
+      quoted += static_cast<char>(c);
+    } else if (c < 0x20 || (c >= 0xDC00 && c <= 0xDCFF)) {
       char code[8];
-      std::snprintf(code, sizeof code, "\\u%04x", c);
+      std::snprintf(code, sizeof code, "\\u%04x", static_cast<unsigned>(c));
       quoted += code;
     } else {
-      quoted += c;
+      AppendUtf8(quoted, c);
     }
   }
   return quoted + "\"";
@@ -251,5 +268,8 @@ int PrintTrace(const Options& options) {
 
 int main(int argc, char** argv) {
   const Options options = ReadArguments(argc, argv);
-  return options.trace ? PrintTrace(options) : PrintVerdicts(options);
+  const int status = options.trace ? PrintTrace(options) : PrintVerdicts(options);
+  if (std::cout.flush() && std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+  std::cerr << "zbrcheck: The verdicts cannot be written.\n";
+  return 1;
 }
