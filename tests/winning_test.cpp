@@ -11,6 +11,7 @@
 #include "base/files.h"
 #include "base/folders.h"
 #include "base/lang_str.h"
+#include "cave/scramble.h"
 #include "engine/recording.h"
 #include "engine/replay.h"
 #include "game_window.h"
@@ -171,6 +172,23 @@ TEST_F(WinningTest, CountsDownAndStaysWhenTheCounterIsClicked) {
   EXPECT_EQ(left, 1);
 }
 
+// The tick runs on behind the screen, and its last step asks for Ctrl+R.
+TEST_F(WinningTest, KeysPressedWhileTheSumShowsDoNotRestartTheCave) {
+  game.Start();
+  user::PressKey(kKeyRight);
+  user::WhenFront([] {
+    user::PressKey(kKeyCtrl);
+    user::TapKey('R', kCtrl);
+    user::ReleaseKey(kKeyCtrl);
+    user::TapKey(kKeyEnter);
+  });
+  game.Tick(2);
+  user::ReleaseKey(kKeyRight);
+  EXPECT_TRUE(game.form.game.Won);
+  EXPECT_EQ(wins, 1);
+  EXPECT_EQ(game.restarts, 0);
+}
+
 TEST_F(WinningTest, TellsWhoseRecordItPlays) {
   Win();
   game.form.PlayerName = "/";
@@ -185,6 +203,13 @@ TEST_F(WinningTest, TellsFileAndLineOfADamagedRecord) {
   const std::string cut = folder.Make("cut.zbr", contents.substr(0, contents.rfind("\r\n")));
   const std::string bent = folder.Make("bent.zbr", contents.substr(0, contents.size() - 2));
   const std::string none = folder.Make("none.zbr", "ABC");
+  const Recording whole = ReadRecording(contents);
+  const auto with = [&](const std::string& name, const std::string& buffer) {
+    return folder.Make(name, RecordText(whole.setName, whole.score, "Adam", buffer));
+  };
+  const std::string noCave = with("nocave.zbr", Scramble("E") + "\r\n");
+  // To begin again with it at once would show the box about its player for ever.
+  const std::string noTick = with("notick.zbr", Scramble(whole.caveText) + "\r\n\r\n");
   for (const std::string& file : {cut, bent}) {
     game.form.CurrentFile = file;
     game.form.Replay();
@@ -192,12 +217,20 @@ TEST_F(WinningTest, TellsFileAndLineOfADamagedRecord) {
     EXPECT_FALSE(game.form.game.Won);
     EXPECT_TRUE(game.form.visible()) << "what was played so far can be looked at";
   }
-  game.form.CurrentFile = none;
-  game.form.Replay();
-  EXPECT_FALSE(game.form.visible());
-  EXPECT_EQ(game.left, 1);
-  EXPECT_THAT(boxes, ElementsAre(testing::AllOf(HasSubstr(cut), HasSubstr("line 4")),
-                                 testing::AllOf(HasSubstr(bent), HasSubstr("line 5")), HasSubstr(none)));
+  for (const std::string& file : {none, noCave, noTick}) {
+    game.form.Show();
+    game.form.CurrentFile = file;
+    game.form.Replay();
+    EXPECT_FALSE(game.form.visible());
+    EXPECT_FALSE(game.form.tmrHra.enabled());
+  }
+  EXPECT_EQ(game.left, 3);
+  using testing::AllOf;
+  const auto notYours = HasSubstr("Not yours");
+  EXPECT_THAT(boxes,
+              ElementsAre(AllOf(HasSubstr(cut), HasSubstr("line 4")), AllOf(HasSubstr(bent), HasSubstr("line 5")),
+                          HasSubstr(none), notYours, AllOf(HasSubstr(noCave), HasSubstr("line 3")),
+                          AllOf(HasSubstr(noTick), HasSubstr("line 4"))));
 }
 
 }  // namespace

@@ -85,7 +85,9 @@ void FormHra::MakeHooks() {
   };
   hooks_.readReplayLine = [this](std::string& line) { return ReadReplayLine(line); };
   hooks_.won = [this] { WinGame(); };
-  hooks_.restart = [this] { Command3_Click(); };
+  hooks_.restart = [this] {
+    if (!wonInThisTick_) Command3_Click();  // the keys may have been pressed while the sum was on show
+  };
 }
 
 // --- Entry points --------------------

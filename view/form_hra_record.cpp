@@ -60,6 +60,10 @@ void FormHra::Replay() {
 
 void FormHra::StartReplay() {
   Recording recording = ReadRecording(ReadFile(CurrentFile));
+  // An empty line begins the replay again. As the first one it would do so for ever, with every box on the way.
+  if (!recording.ticks.empty() && recording.ticks.front().empty()) {
+    throw Fault("line " + std::to_string(kFirstTickLine) + ": The record holds no tick.");
+  }
   Label5.set_caption(recording.setName);
   ClearScreen();
   if (recording.player != PlayerName) {
@@ -71,7 +75,11 @@ void FormHra::StartReplay() {
   game.PlayingReplay = true;
   replayLines_ = std::move(recording.ticks);
   replayNext_ = 0;
-  PaintCave(recording.caveText);
+  try {
+    PaintCave(recording.caveText);
+  } catch (const Fault& fault) {
+    throw Fault("line 3: " + std::string(fault.what()));
+  }
   SetSpeed();
   Image2.set_visible(true);
   Command1_Click();
