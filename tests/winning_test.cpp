@@ -141,6 +141,7 @@ TEST_F(WinningTest, LeavesNoRecordWhenNoneIsAskedFor) {
 TEST_F(WinningTest, TriesAgainToWriteUntilThePlayerGivesUp) {
   std::filesystem::remove(folder.Path("Eva"));
   answer = [this] {
+    EXPECT_EQ(analyze.Label3.caption(), "00159") << "the sum is made before the record";
     std::filesystem::create_directories(folder.Path("Eva"));
     return BoxAnswer::kYes;
   };
@@ -153,6 +154,16 @@ TEST_F(WinningTest, TriesAgainToWriteUntilThePlayerGivesUp) {
   Win();
   EXPECT_EQ(boxes.size(), 2u);
   EXPECT_EQ(wins, 2);
+}
+
+TEST_F(WinningTest, ShowsTheWholeSumHoweverLong) {
+  for (const WinSum& sum : {WinSum{}, WinSum{1909, 190, 2000, 190, 1909, 9}, WinSum{1, 1, 1, 1, 1, 1}}) {
+    analyze.ShowSum(sum, false);
+    for (const Label* label : {&analyze.Label2, &analyze.Label3}) EXPECT_LE(label->text_width(), label->width());
+    for (const Label& label : analyze.lblValue) EXPECT_LE(label.text_width(), label.width());
+    EXPECT_LE(analyze.Label2.left() + analyze.Label2.width(), analyze.Label3.left());
+    EXPECT_LT(analyze.Label3.left() + analyze.Label3.width(), analyze.width());
+  }
 }
 
 TEST_F(WinningTest, CountsDownAndStaysWhenTheCounterIsClicked) {

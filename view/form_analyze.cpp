@@ -50,7 +50,6 @@ FormAnalyze::FormAnalyze(const std::string& programFolder) {
     if (event.code == platform::kKeyEnter || event.code == platform::kKeyEscape) Command1_Click();
     if (event.code == 'P') Timer1.Stop();
   };
-  Place();
 }
 
 void FormAnalyze::ShowSum(const WinSum& sum, bool bonus) {
@@ -66,6 +65,7 @@ void FormAnalyze::ShowSum(const WinSum& sum, bool bonus) {
   Label3.set_caption(Digits(sum.Score(), 5));
   Image1.set_visible(bonus);
   Label4.set_caption("");
+  Place();
 }
 
 void FormAnalyze::NastavCas(std::uint8_t n) {
@@ -98,8 +98,8 @@ void FormAnalyze::Place() {
   constexpr int kValue = 90;
   int caption = 300;
   for (const platform::Label& label : Label1) caption = std::max(caption, label.text_width() + 2);
-  constexpr int kResult = 120;
-  const int inner = std::max(caption + kValue, Label2.text_width() + kResult + 10);
+  const int result = std::max(120, Label3.text_width() + 2);
+  const int inner = std::max(caption + kValue, Label2.text_width() + result + 10);
   int top = kEdge;
   for (std::size_t row = 0; row < kRows.size(); ++row) {
     Label1[kRows[row]].SetBounds(kEdge, top + 3, caption, kRow);
@@ -108,8 +108,8 @@ void FormAnalyze::Place() {
   }
   shpLine.SetBounds(kEdge, top, inner, 2);
   top += 12;
-  Label2.SetBounds(kEdge, top, inner - kResult, 48);
-  Label3.SetBounds(kEdge + inner - kResult, top, kResult, 48);
+  Label2.SetBounds(kEdge, top, inner - result, 48);
+  Label3.SetBounds(kEdge + inner - result, top, result, 48);
   top += 62;
   Image1.MoveTo(kEdge, top);
   Command1.SetBounds(kEdge + (inner - 140) / 2, top + 6, 140, 38);

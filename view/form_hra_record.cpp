@@ -18,9 +18,9 @@ void FormHra::WinGame() {
   replayLines_.clear();
   wonInThisTick_ = true;
   const bool bonus = JeBonus(lblName.caption());
+  if (frmAnalyze != nullptr) frmAnalyze->ShowSum(game.Sum, bonus);
   SaveRecord(game.Sum.Score() + (bonus ? kBonusPoints : 0));
   if (frmAnalyze == nullptr) return;
-  frmAnalyze->ShowSum(game.Sum, bonus);
   if (!game.PlayingReplay && !game.TestPlay) frmAnalyze->NastavCas(3);
   frmAnalyze->ShowModal();
 }
