@@ -3,6 +3,7 @@
 #include "base/fault.h"
 #include "base/files.h"
 #include "base/lang_str.h"
+#include "base/text.h"
 #include "cave/scramble.h"
 
 namespace {
@@ -155,7 +156,7 @@ std::string CaveTemplate(NewCave size) {
   return MakeTemplate(LangStr[27], "_UPAAAAUsC", 30, 20);
 }
 
-std::string CaveTail(int number) { return (number < 10 ? "---0" : "---") + std::to_string(number); }
+std::string CaveTail(int number) { return "---" + Digits(number, 2); }
 
 std::string LoadCaveText(const std::string& fileName, int caveNumber) {
   if (fileName == "*1") return CaveTemplate(NewCave::kSmall);

@@ -10,6 +10,7 @@
 
 #include "base/code_page.h"
 #include "base/files.h"
+#include "base/text.h"
 #include "cave/names.h"
 #include "cave/set_file.h"
 #include "tools/script_player.h"
@@ -33,8 +34,7 @@ const PlayedSet& Komnaty() {
 const CaveRecord& Cave(int number) { return Komnaty().KomRec[static_cast<std::size_t>(number)]; }
 
 Script ScriptOf(int number) {
-  const std::string path =
-      KOMNATY_FOLDER "/scripts/Komnaty/" + std::string(number < 10 ? "0" : "") + std::to_string(number) + ".txt";
+  const std::string path = KOMNATY_FOLDER "/scripts/Komnaty/" + Digits(number, 2) + ".txt";
   return ParseScript(ReadFile(path), path);
 }
 

@@ -21,6 +21,7 @@
 #include "base/code_page.h"
 #include "base/fault.h"
 #include "base/files.h"
+#include "base/text.h"
 #include "base/utf8.h"
 #include "cave/names.h"
 #include "cave/set_file.h"
@@ -134,8 +135,6 @@ Options ParseArguments(int argc, char** argv) {
   return options;
 }
 
-std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
-
 /// A text made so many characters long with blanks.
 std::string Padded(const std::string& utf8, std::size_t length) {
   const std::size_t count = CodePoints(utf8).size();
@@ -190,7 +189,7 @@ std::optional<Script> FindScript(const Options& options, int cave) {
   }
   if (!options.script.empty()) return ParseScript(ReadFile(options.script), options.script);
   const std::filesystem::path set = options.set;
-  const auto path = set.parent_path() / "scripts" / set.stem() / (TwoDigits(cave) + ".txt");
+  const auto path = set.parent_path() / "scripts" / set.stem() / (Digits(cave, 2) + ".txt");
   if (!std::filesystem::exists(path)) return std::nullopt;
   return ParseScript(ReadFile(path.string()), path.string());
 }
@@ -212,7 +211,7 @@ class Show {
   int Play() {
     if (options_.summary) {
       PlayUnseen();
-      std::cout << TwoDigits(cave_) << "  " << Padded(Name(), kNameColumns) << "  " << Result() << '\n';
+      std::cout << Digits(cave_, 2) << "  " << Padded(Name(), kNameColumns) << "  " << Result() << '\n';
     } else {
       PlaySeen();
       std::cout << TextLegend(player_.game(), WantsColour()) << '\n' << Result() << '\n';
@@ -265,7 +264,7 @@ class Show {
   std::string Picture() const {
     const Hra& game = player_.game();
     const Room room = RoomForCells();
-    return Shown(set_.Name) + "  " + TwoDigits(cave_) + "  " + Name() + "\n\n" +
+    return Shown(set_.Name) + "  " + Digits(cave_, 2) + "  " + Name() + "\n\n" +
            TextPicture(game, WantsColour(), room.columns, room.rows) + "\ngems " + std::to_string(game.Collected) +
            " of " + std::to_string(game.Need) + "   time left " + std::to_string(game.lblCas) + " s   points " +
            std::to_string(game.Score) + "   tick " + std::to_string(player_.ticks()) + "\n";
@@ -292,7 +291,7 @@ void List(const PlayedSet& set) {
   std::cout << Shown(set.Name) << "  (" << Shown(set.Author) << ")\n" << Shown(set.Description) << "\n\n";
   for (int i = 1; i <= set.PocetK; ++i) {
     const CaveRecord& cave = set.KomRec[static_cast<std::size_t>(i)];
-    std::cout << TwoDigits(i) << (set.StavK[static_cast<std::size_t>(i)] == Open ? " * " : "   ") << Shown(cave.Name)
+    std::cout << Digits(i, 2) << (set.StavK[static_cast<std::size_t>(i)] == Open ? " * " : "   ") << Shown(cave.Name)
               << "  (" << int{cave.Width} << " x " << int{cave.Height} << ", " << cave.Need << " gems, " << cave.Time
               << " s)\n     " << Shown(cave.Description) << '\n';
   }
