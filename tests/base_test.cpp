@@ -162,9 +162,11 @@ TEST_F(Files, LinesAreHandedOutUntilNoMoreAreWanted) {
   };
   EXPECT_THAT(read("a\r\nb\nc", 2), ElementsAre("a", "b"));
   EXPECT_THAT(read("a\r\nb\nc", 3), ElementsAre("a", "b", "c"));
-  const std::string longLine(100000, 'x');  // longer than what is read at once
-  const std::string block(65535, 'y');      // its line end is divided
-  for (const std::string& text : {""s, "\n"s, "a\r\r\n\r\n\nx\ry\r"s, longLine + "\n\n" + longLine, block + "\r\nz"}) {
+  std::string longLine(100000, 'x');  // longer than what is read at once
+  longLine += "\n\nz";
+  std::string block(65535, 'y');  // its line end is divided
+  block += "\r\nz";
+  for (const std::string& text : {""s, "\n"s, "a\r\r\n\r\n\nx\ry\r"s, longLine, block}) {
     EXPECT_EQ(read(text, 1000), SplitLines(text));
   }
 }
