@@ -61,7 +61,7 @@ void SoundDevice::Close() {
     const DeviceLock lock(id_);
     voice_.Cut();
   }
-  constexpr int kPatience = 50;  // milliseconds; a device that hangs fades nothing
+  constexpr int kPatience = 250;  // milliseconds; a busy machine needs some, a device that hangs fades nothing
   for (int i = 0; i < kPatience && Fading(); ++i) SDL_Delay(1);
   SDL_CloseAudioDevice(id_);
   StopSdl(SDL_INIT_AUDIO);
