@@ -228,6 +228,12 @@ void Look::drawPrimitive(PrimitiveElement element, const QStyleOption* option, Q
         QProxyStyle::drawPrimitive(element, option, painter, widget);
       }
       break;
+    case PE_PanelMenu:
+    case PE_FrameMenu:
+      painter->setPen(QPen(ToQt(theme.outline), 1));
+      painter->setBrush(element == PE_PanelMenu ? QBrush(ToQt(theme.panel)) : Qt::NoBrush);
+      painter->drawRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5));
+      break;
     case PE_PanelTipLabel:
       painter->setPen(QPen(ToQt(theme.accent), 1));
       painter->setBrush(ToQt(theme.panel));
@@ -235,6 +241,18 @@ void Look::drawPrimitive(PrimitiveElement element, const QStyleOption* option, Q
       break;
     default:
       QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+}
+
+void Look::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const {
+  const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+  if (element == CE_MenuItem && item && item->menuItemType == QStyleOptionMenuItem::Separator) {
+    const int y = option->rect.center().y();
+    painter->setPen(QPen(Veil(ToQt(Application::theme().muted_text), 140), 1));
+    painter->drawLine(option->rect.left() + kCorner, y, option->rect.right() - kCorner, y);
+  } else {
+    QProxyStyle::drawControl(element, option, painter, widget);
   }
 }
 
@@ -251,6 +269,15 @@ void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex*
   } else {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
   }
+}
+
+QSize Look::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                             const QWidget* widget) const {
+  const QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
+  const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+  const bool separator = type == CT_MenuItem && item && item->menuItemType == QStyleOptionMenuItem::Separator;
+  constexpr int kSeparatorHeight = 9;
+  return separator ? QSize(result.width(), kSeparatorHeight) : result;
 }
 
 QRect Look::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
@@ -292,6 +319,7 @@ int Look::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWid
 int Look::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {
   // Controls are laid out by hand and get their words from a language file: no keys are underlined.
   if (hint == SH_UnderlineShortcut || hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  if (hint == SH_EtchDisabledText) return 0;  // the muted colour says it
   // The wheel scrolls what lies below the pointer and never changes a choice by the way.
   if (hint == SH_ComboBox_AllowWheelScrolling || hint == SH_ComboBox_Popup) return 0;
   // A single click selects; on some desktops Qt would take it for a double click.

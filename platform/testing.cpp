@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QMenu>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
@@ -54,18 +55,28 @@ void SendKey(QEvent::Type type, int code, int shift, bool auto_repeat) {
   QCoreApplication::processEvents();
 }
 
-void SendMouse(const Control& control, QEvent::Type type, int x, int y, Qt::MouseButton button, Qt::MouseButtons held,
-               int shift = 0) {
-  QWidget* widget = Native::Widget(control);
-  QWidget* window = widget->window();
-  const QPoint place = widget->mapTo(window, QPoint(x, y));
+void SendMouse(const QWidget& widget, QEvent::Type type, const QPoint& place, Qt::MouseButton button,
+               Qt::MouseButtons held, int shift = 0) {
+  const QWidget* window = widget.window();
+  const QPoint inside = widget.mapTo(window, place);
   // Far enough apart that two clicks become a double click only when they are meant to.
   static int time = 0;
   time += type == QEvent::MouseButtonPress ? 1000 : 1;
-  qt_handleMouseEvent(window->windowHandle(), place, window->mapToGlobal(place), held, button,
+  qt_handleMouseEvent(window->windowHandle(), inside, window->mapToGlobal(inside), held, button,
                       type == QEvent::MouseButtonDblClick ? QEvent::MouseButtonPress : type, Modifiers(shift), time);
   QCoreApplication::processEvents();
 }
+
+void SendMouse(const Control& control, QEvent::Type type, int x, int y, Qt::MouseButton button, Qt::MouseButtons held,
+               int shift = 0) {
+  SendMouse(*Native::Widget(control), type, QPoint(x, y), button, held, shift);
+}
+
+/// The innermost open menu or null.
+QMenu* OpenMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
+
+/// What an item shows, without its shortcut.
+QString CaptionOf(const QAction& action) { return action.text().section(u'\t', 0, 0).replace("&&", "&"); }
 
 void ActOnceInFront(const QPointer<QWidget>& before, std::function<void()> action) {
   QWidget* front = QApplication::activeModalWidget();
@@ -173,6 +184,40 @@ void Later(int milliseconds, std::function<void()> action) {
 }
 
 void WhenFront(std::function<void()> action) { ActOnceInFront(QApplication::activeModalWidget(), std::move(action)); }
+
+void WhenMenuIsOpen(std::function<void()> action) {
+  if (OpenMenu()) {
+    action();
+  } else {
+    Later(5, [action = std::move(action)]() mutable { WhenMenuIsOpen(std::move(action)); });
+  }
+}
+
+std::vector<std::string> MenuCaptions() {
+  std::vector<std::string> captions;
+  if (const QMenu* menu = OpenMenu()) {
+    for (const QAction* action : menu->actions()) {
+      captions.push_back(action->isSeparator() ? "-" : CaptionOf(*action).toStdString());
+    }
+  }
+  return captions;
+}
+
+bool ClickMenuItem(const std::string& caption) {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    auto* menu = qobject_cast<QMenu*>(widget);
+    if (!menu || !menu->isVisible()) continue;
+    for (QAction* action : menu->actions()) {
+      if (CaptionOf(*action) != QString::fromStdString(caption)) continue;
+      const QPoint place = menu->actionGeometry(action).center();
+      SendMouse(*menu, QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton);
+      SendMouse(*menu, QEvent::MouseButtonPress, place, Qt::LeftButton, Qt::LeftButton);
+      SendMouse(*menu, QEvent::MouseButtonRelease, place, Qt::LeftButton, Qt::NoButton);
+      return true;
+    }
+  }
+  return false;
+}
 
 bool HasInput(const Form& form) {
   const QWindow* window = Native::Widget(form)->windowHandle();

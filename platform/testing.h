@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/control.h"
 #include "platform/form.h"
@@ -48,6 +49,12 @@ bool WaitUntil(const std::function<bool()>& condition);
 void Later(int milliseconds, std::function<void()> action);
 /// Runs something from the event loop once a box or modal form has the input, another than now.
 void WhenFront(std::function<void()> action);
+/// Runs something from the event loop once a menu is open. Call before it is shown.
+void WhenMenuIsOpen(std::function<void()> action);
+/// The items of the innermost open menu as they are shown, UTF-8, separators as "-".
+std::vector<std::string> MenuCaptions();
+/// Clicks an item of an open menu by its caption, UTF-8; false when none has it.
+bool ClickMenuItem(const std::string& caption);
 /// The form has the input of the keyboard.
 bool HasInput(const Form& form);
 

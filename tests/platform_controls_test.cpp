@@ -1,11 +1,13 @@
 // Lists, text boxes, menus, file dialogs and window shapes, driven by the events of a real keyboard and mouse.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "base/code_page.h"
 #include "platform/application.h"
@@ -14,12 +16,15 @@
 #include "platform/form.h"
 #include "platform/keys.h"
 #include "platform/list_controls.h"
+#include "platform/menu.h"
 #include "platform/testing.h"
 #include "platform/text_box.h"
+#include "platform/window_shape.h"
 #include "shown_form.h"
 #include "temp_folder.h"
 
 using namespace platform;
+using ::testing::ElementsAre;
 
 namespace {
 
@@ -444,6 +449,133 @@ TEST_F(FileDialogTest, ResponderAnswers) {
   EXPECT_EQ(ShowOpenDialog(dialog_), "chosen");
   EXPECT_EQ(seen, dialog_.filter);
   SetFileDialogResponder({});
+}
+
+// ----------------------------------------------------------------------------------------------------------- Menus
+
+/// A form with a menu as the editors have one.
+struct MenuForm : ShownForm {
+  Label bar{this, "Caves"};
+  MenuItem caves;
+  MenuItem copy{&caves, Cp1250("Zkopírovat")};
+  MenuItem paste{&caves, "Paste & go"};
+  MenuItem line{&caves, "-"};
+  MenuItem move{&caves, "Move"};
+  MenuItem up{&move, "Up"};
+  MenuItem down{&move, "Down"};
+  MenuItem hidden{&caves, "Hidden"};
+  std::string log;
+
+  MenuForm() {
+    hidden.set_visible(false);
+    up.set_shortcut_text("F5");
+    for (MenuItem* item : {&caves, &copy, &paste, &move, &up, &down}) {
+      item->on_click = [this, item] { log += item->caption() + " "; };
+    }
+  }
+  /// Pops the menu up and does something while it is open; what the menu showed.
+  std::vector<std::string> PopUpAnd(const std::function<void()>& act) const {
+    std::vector<std::string> seen;
+    user::WhenMenuIsOpen([&] {
+      seen = user::MenuCaptions();
+      act();
+    });
+    caves.PopUp(bar, 0, bar.height());
+    return seen;
+  }
+};
+
+TEST(MenuTest, KeysChooseAndTheHandlerRunsOnceTheMenuHasClosed) {
+  MenuForm form;
+  std::vector<int> form_keys;
+  form.on_key_down = [&](KeyEvent& key) { form_keys.push_back(key.code); };
+  bool open_in_handler = true;
+  form.paste.on_click = [&] { open_in_handler = user::GrabFront().width() > 0; };
+  EXPECT_THAT(form.PopUpAnd([] {
+    user::TapKey(kKeyDown);
+    user::TapKey(kKeyDown);
+    user::TapKey(kKeyEnter);
+  }),
+              ElementsAre("Zkopírovat", "Paste & go", "-", "Move"));
+  EXPECT_FALSE(open_in_handler);
+  form.PopUpAnd([] {
+    user::TapKey(kKeyUp);
+    user::TapKey(kKeyRight);
+    user::TapKey(kKeyDown);
+    user::TapKey(kKeyEnter);
+  });
+  EXPECT_EQ(form.log, "Down ");
+  form.PopUpAnd([] { user::TapKey(kKeyEscape); });
+  EXPECT_EQ(form.log, "Down ");
+  EXPECT_TRUE(form_keys.empty()) << "the form gets no keys of a menu";
+}
+
+TEST(MenuTest, TheMouseChoosesAndAHandlerMayOpenADialog) {
+  MenuForm form;
+  Form dialog;
+  form.up.on_click = [&] {
+    user::WhenFront([&] { dialog.Close(); });
+    dialog.ShowModal();
+    form.log += "shown ";
+  };
+  form.PopUpAnd([] {
+    ASSERT_TRUE(user::ClickMenuItem("Move"));
+    ASSERT_TRUE(user::WaitUntil([] { return user::MenuCaptions().size() == 2; }));
+    EXPECT_THAT(user::MenuCaptions(), ElementsAre("Up", "Down"));
+    EXPECT_TRUE(user::ClickMenuItem("Up"));
+  });
+  EXPECT_EQ(form.log, "shown ");
+  form.PopUpAnd([&] { user::Click(form, 390, 290); });
+  EXPECT_EQ(form.log, "shown ") << "a click beside the menu closes it";
+}
+
+TEST(MenuTest, ItemsAreBroughtUpToDateAsTheMenuOpens) {
+  MenuForm form;
+  std::string clipboard;
+  form.caves.on_open = [&] {
+    form.paste.set_enabled(!clipboard.empty());
+    form.hidden.set_visible(true);
+    form.up.set_visible(false);
+    form.down.set_visible(false);
+    form.copy.set_checked(true);
+  };
+  EXPECT_THAT(form.PopUpAnd([] {
+    user::ClickMenuItem("Paste & go");
+    user::ClickMenuItem("Move");  // has nothing to show
+    user::TapKey(kKeyEscape);
+  }),
+              ElementsAre("Zkopírovat", "Paste & go", "-", "Move", "Hidden"));
+  EXPECT_EQ(form.log, "");
+  clipboard = "x";
+  form.PopUpAnd([] { user::ClickMenuItem("Paste & go"); });
+  EXPECT_EQ(form.log, "Paste & go ");
+  MenuItem none;
+  none.PopUp(form, 0, 0);  // shows nothing and returns
+}
+
+// --------------------------------------------------------------------------------------------------- Window shapes
+
+TEST(WindowShapeTest, CutsTheWindowToTheUnion) {
+  Form form(Border::kNone, 200, 100);
+  EXPECT_TRUE(InWindow(form, 199, 99));
+  WindowShape shape;
+  shape.AddRectangle({0, 0, 50, 20});
+  shape.AddEllipse({40, 10, 80, 80});
+  SetWindowShape(form, shape);
+  form.Show();
+  EXPECT_TRUE(InWindow(form, 49, 19));
+  EXPECT_FALSE(InWindow(form, 10, 20));
+  EXPECT_FALSE(InWindow(form, 51, 12)) << "the corner of the ellipse's bounds";
+  EXPECT_TRUE(InWindow(form, 80, 12));
+  EXPECT_TRUE(InWindow(form, 118, 50));
+  EXPECT_FALSE(InWindow(form, 121, 50));
+  WindowShape smaller;
+  smaller.AddRectangle({0, 0, 10, 10});
+  SetWindowShape(form, smaller);
+  EXPECT_FALSE(InWindow(form, 80, 50)) << "a new shape replaces the old one";
+  ClearWindowShape(form);
+  EXPECT_TRUE(InWindow(form, 199, 99));
+  EXPECT_FALSE(InWindow(form, 200, 50));
 }
 
 }  // namespace
