@@ -10,6 +10,10 @@ class FrmSLang;
 class FrmSettings;
 class FrmStart2;
 
+namespace platform {
+class MenuItem;
+}
+
 /// One instance of each form of the player's road; they live to the end of the program and reach each other here.
 /// Filled before any of them is used.
 struct Forms {
@@ -22,4 +26,5 @@ struct Forms {
   FrmDialog3* frmDialog3 = nullptr;
   FrmLoading* frmLoading = nullptr;
   FrmSLang* frmSLang = nullptr;
+  platform::MenuItem* mnuHelpP = nullptr;
 };

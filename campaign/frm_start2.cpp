@@ -22,6 +22,7 @@
 #include "platform/application.h"
 #include "platform/file_dialog.h"
 #include "platform/keys.h"
+#include "platform/menu.h"
 #include "platform/message_box.h"
 #include "shell/frm_loading.h"
 #include "shell/frm_slang.h"
@@ -180,13 +181,15 @@ void FrmStart2::ShowPanel(bool open) {
   Picture1.set_visible(open);
   Image1.set_visible(!open);
   Label8_4.set_visible(!open);
+  OknoStart(*this, open ? StartShape::kPanelOpen : StartShape::kResting);
   set_default_button(open ? &Command3 : nullptr);
 }
 
 void FrmStart2::Timer1_Timer() {
   Timer1.Stop();
+  const bool open = Picture1.visible();
   ShowPanel(false);
-  Label1.SetFocus();
+  if (open) Label1.SetFocus();
 }
 
 void FrmStart2::Command3_Click() {
@@ -245,7 +248,7 @@ void FrmStart2::Image5_MouseDown(int button, int x, int y) {
 
 void FrmStart2::Image6_MouseDown(int button, int x, int y) {
   if (!Hits(button, x, y)) return;
-  OtevriOdkaz(HelpCesta + "help.html");
+  forms_.mnuHelpP->PopUp(*this, Image6.left() + Image6.width(), Label4.top() + Label4.height() / 2);
 }
 
 void FrmStart2::Image1_Click() { OtevriOdkaz(folder_ + "/Help/Tempo/index.htm"); }

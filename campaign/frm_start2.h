@@ -10,6 +10,12 @@
 #include "platform/list_controls.h"
 #include "platform/timer.h"
 
+/// What of the start screen's shape is there: while the panel is open the badge of the contests is not.
+enum class StartShape { kPanelOpen = 1, kResting = 2 };
+
+/// Gives a window the shape of the start screen.
+void OknoStart(platform::Form& window, StartShape shape);
+
 /// The start screen: players and sets to choose from, and the ways to replays, editor, help and out of the program.
 class FrmStart2 : public platform::Form {
  public:

@@ -9,6 +9,7 @@
 #include "base/language.h"
 #include "campaign/frm_start2.h"
 #include "platform/application.h"
+#include "platform/window_shape.h"
 #include "view/picture_files.h"
 #include "view/tile_pictures.h"
 
@@ -38,12 +39,25 @@ constexpr platform::Rect kPanel = {163, 193, 290, 242};
 
 int Pixels(double units) { return static_cast<int>(std::lround(units / kUnit)); }
 
+platform::Rect BoundsOf(const Circle& circle) {
+  return {Pixels(circle.x - circle.radius), Pixels(circle.y - circle.radius), Pixels(2 * circle.radius),
+          Pixels(2 * circle.radius)};
+}
+
 /// A picture in the middle of a circle.
 void Centre(platform::Image& image, const Circle& circle, int size) {
   image.SetBounds(Pixels(circle.x) - size / 2, Pixels(circle.y) - size / 2, size, size);
 }
 
 }  // namespace
+
+void OknoStart(platform::Form& window, StartShape shape) {
+  platform::WindowShape region;
+  region.AddRectangle(kCorner);
+  for (const Circle& circle : {kDisc, kReplay, kEditor, kPlay, kHelp}) region.AddEllipse(BoundsOf(circle));
+  if (shape != StartShape::kPanelOpen) region.AddEllipse(kBadge);
+  platform::SetWindowShape(window, region);
+}
 
 FrmStart2::FrmStart2(const std::string& programFolder, const Forms& forms)
     : Form(platform::Border::kNone, kWidth, kHeight), folder_(programFolder), forms_(forms) {
@@ -88,7 +102,9 @@ void FrmStart2::MakeControls() {
   Image5.on_mouse_down = [this](const MouseEvent& mouse) { Image5_MouseDown(mouse.button, mouse.x, mouse.y); };
   Image6.on_mouse_down = [this](const MouseEvent& mouse) { Image6_MouseDown(mouse.button, mouse.x, mouse.y); };
   for (platform::Image* image : {&Image4, &Image5, &Image6}) {
-    image->on_mouse_move = [this](const MouseEvent&) { Timer1.Start(); };
+    image->on_mouse_move = [this](const MouseEvent&) {
+      if (!Timer1.enabled()) Timer1.Start();  // a further move does not put it off
+    };
   }
   Image10.on_mouse_move = [this](const MouseEvent&) { Timer1.Stop(); };
   Timer1.on_timer = [this] { Timer1_Timer(); };
@@ -160,7 +176,7 @@ void FrmStart2::Place() {
     control->set_tool_tip(Cp1250("Klikni pro více informací o soutěžích"));
     control->set_pointer(platform::Pointer::kHand);
   }
-  Label8_3.SetBounds(236, 420, 170, 20);
+  Label8_3.SetBounds(236, 412, 170, 20);
   Label8_3.set_font({13, false, true, false});
   Label8_3.set_alignment(platform::Alignment::kCentre);
   Label8_2.SetBounds(Pixels(kDisc.x) - 70, 444, 140, 18);
@@ -204,6 +220,7 @@ void FrmStart2::PlacePanel() {
 }
 
 void FrmStart2::FrmLoad() {
+  OknoStart(*this, StartShape::kResting);
   Image1.set_visible(true);
   Label8_4.set_visible(true);
   Label8_3.set_visible(true);

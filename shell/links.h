@@ -5,3 +5,7 @@
 /// Hands a file, a web link or a mail link (UTF-8) to the desktop, which opens it with its own program. Reports
 /// nothing.
 void OtevriOdkaz(const std::string& text);
+
+void OpenAuthorPage();
+/// Opens a mail to the author of the game, with the hero's name as its subject.
+void WriteToAuthor();

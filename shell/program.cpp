@@ -34,7 +34,8 @@ Program::Program(std::string folder, std::string executable, std::string dataFol
       folder_(std::move(folder)),
       executable_(std::move(executable)),
       dataFolder_(std::move(dataFolder)) {
-  forms = {&frmSettings, &hra, &frmAnalyze, &frmPoSt, &frmStart2, &frmDialog2, &frmDialog3, &frmLoading, &frmSLang};
+  forms = {&frmSettings, &hra,        &frmAnalyze, &frmPoSt,  &frmStart2,
+           &frmDialog2,  &frmDialog3, &frmLoading, &frmSLang, &helpMenu.mnuHelpP};
   TieForms();
   if (static bool told = false; !std::exchange(told, true)) {
     OnSetLW([] {
@@ -63,6 +64,7 @@ void Program::TieForms() {
     ShowAfterGame();
   };
   frmSettings.settingsTaken = [this] { hra.SetSpeed(); };
+  helpMenu.showAbout = [this] { frmAbout.ShowModal(); };
   frmSLang.showStart = [this] { frmStart2.Show(); };
 }
 
@@ -98,5 +100,7 @@ void Program::SetLW() {
   frmDialog3.SetLW();
   frmLoading.SetLW();
   frmSLang.SetLW();
+  helpMenu.SetLW();
+  frmAbout.SetLW(frmStart2.Image7.picture());
   frmPoSt.SetLWPost();
 }

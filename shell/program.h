@@ -7,9 +7,11 @@
 #include "campaign/frm_post.h"
 #include "campaign/frm_settings.h"
 #include "campaign/frm_start2.h"
+#include "shell/frm_about.h"
 #include "shell/frm_dialog2.h"
 #include "shell/frm_loading.h"
 #include "shell/frm_slang.h"
+#include "shell/help_menu.h"
 #include "view/form_analyze.h"
 #include "view/form_hra.h"
 
@@ -34,10 +36,12 @@ class Program {
   FormHra hra;
   FrmPoSt frmPoSt;
   FrmStart2 frmStart2;
+  FrmAbout frmAbout;
   FrmDialog2 frmDialog2;
   FrmDialog3 frmDialog3;
   FrmLoading frmLoading;
   FrmSLang frmSLang;
+  HelpMenu helpMenu;
 
  private:
   void TieForms();

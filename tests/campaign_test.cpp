@@ -32,6 +32,7 @@
 #include "platform/message_box.h"
 #include "platform/registry.h"
 #include "platform/testing.h"
+#include "platform/window_shape.h"
 #include "shell/program.h"
 #include "shell/registry_values.h"
 #include "temp_folder.h"
@@ -365,11 +366,15 @@ TEST(StartTest, RoundButtonsAreRoundAndThePanelClosesByItself) {
   Desk desk;
   desk.AddPlayer("Karel");
   FrmStart2& start = desk.Start().frmStart2;
+  EXPECT_TRUE(InWindow(start, 10, 209) && InWindow(start, 607, 8)) << "round buttons and the corner";
+  EXPECT_FALSE(InWindow(start, 4, 4) || InWindow(start, 600, 470));
+  EXPECT_TRUE(InWindow(start, 140, 384)) << "the badge, beside the disc";
   user::Click(start.Image3, 22, 22);
   EXPECT_FALSE(start.Picture1.visible()) << "76.4 pixels from the centre";
   user::Click(start.Image3, 23, 22);
   EXPECT_TRUE(start.Picture1.visible());
   EXPECT_FALSE(start.Image1.visible() || start.Label8_4.visible());
+  EXPECT_FALSE(InWindow(start, 140, 384));
 
   user::MoveMouse(start.Image4, 40, 40);
   EXPECT_TRUE(start.Timer1.enabled());
@@ -379,6 +384,7 @@ TEST(StartTest, RoundButtonsAreRoundAndThePanelClosesByItself) {
   ASSERT_TRUE(user::WaitUntil([&] { return !start.Picture1.visible(); }));
   EXPECT_FALSE(start.Timer1.enabled());
   EXPECT_TRUE(start.Image1.visible() && start.Label8_4.visible());
+  EXPECT_TRUE(InWindow(start, 140, 384));
 
   start.Label1.SetFocus();
   user::TapKey(kKeyEnter);
@@ -691,6 +697,69 @@ TEST(CampaignTest, AGameIsLeftAndRestarted) {
   EXPECT_TRUE(overview.form().visible());
   EXPECT_FALSE(hra.visible());
   EXPECT_THAT(overview.States(), ElementsAre(Open, Locked));
+}
+
+// --------------------------------------------------------------------------------------------------- Help and language
+
+TEST(HelpTest, OpensPagesLinksAndAbout) {
+  Desk desk;
+  desk.AddPlayer("Karel");
+  Program& program = desk.Start("english.zbl");
+  std::vector<std::string> links;
+  SetLinkResponder([&](const std::string& link) { links.push_back(link); });
+  const HelpMenu& help = program.helpMenu;
+  for (const MenuItem* item : {&help.mnuHlpPravidla, &help.mnuAbout, &help.mnuHlpRady, &help.mnuHlpPrispet,
+                               &help.mnuHlp2, &help.mnuHlp3, &help.mnuHlp4, &help.mnuHlp5}) {
+    item->Click();
+  }
+  const std::string page = desk.Path("game/Help/E");
+  EXPECT_THAT(links, ElementsAre(page + "pravidla.html", page + "oprogramu.html", page + "editovat.html",
+                                 page + "prispet.html", page + "help.html", "http://" + WebHra, HasSubstr("http://"),
+                                 AllOf(HasSubstr("mailto:"), HasSubstr("?subject=Borzeek"))));
+  links.clear();
+  InTurn({[&] {
+    EXPECT_EQ(program.frmAbout.Label1.caption(), "Version 1.1L");
+    user::Click(program.frmAbout.Label6);
+    user::TapKey(kKeyEnter);
+  }});
+  help.mnuHlp1.Click();
+  EXPECT_THAT(links, ElementsAre("http://" + WebHra));
+  EXPECT_FALSE(program.frmAbout.visible());
+  SetLinkResponder({});
+  Boxes boxes;
+  help.mnuAboutTr.Click();
+  EXPECT_THAT(boxes.texts, ElementsAre(LangStr[99] + ": " + Utf8(LangStr[199])));
+}
+
+TEST(LanguageTest, ChangesAllTextsAtOnce) {
+  Desk desk;
+  desk.AddPlayer("Karel");
+  Program& program = desk.Start();
+  FrmStart2& start = program.frmStart2;
+  EXPECT_EQ(start.Image7.picture(), start.Image11.picture());
+  InTurn({[] {
+    user::TapKey(kKeyDown);
+    user::TapKey(kKeyEnter);
+  }});
+  user::Click(start.Label9);
+  EXPECT_EQ(start.Label2.caption(), " Watch a replay");
+  EXPECT_EQ(start.Image7.picture(), start.Image12.picture());
+  EXPECT_EQ(program.frmPoSt.Command2.caption(), "Play");
+  EXPECT_EQ(program.hra.EndGame.caption(), "Quit");
+  EXPECT_EQ(program.frmSettings.caption(), LangStr[59]);
+  EXPECT_EQ(program.helpMenu.mnuHlp1.caption(), "About Borzeek...");
+  EXPECT_TRUE(start.visible());
+
+  // A third language, in Cyrillic letters: its charset stays until the next start.
+  std::string text = ReadFile(desk.Path("game/english.zbl"));
+  desk.Make("game/x.zbl", "3" + text.substr(1));
+  desk.Start("x.zbl");
+  EXPECT_EQ(desk.program->frmStart2.Label1.charset(), Charset::kCyrillic);
+  EXPECT_EQ(desk.program->frmDialog2.Text1.charset(), Charset::kCyrillic);
+  EXPECT_EQ(desk.program->frmStart2.List2.charset(), Charset::kCentralEuropean) << "a drop-down list is left out";
+  desk.program->frmSLang.Combo1.Choose(0);
+  EXPECT_EQ(HeroName, Cp1250("Zorbík"));
+  EXPECT_EQ(desk.program->frmStart2.Label1.charset(), Charset::kCyrillic);
 }
 
 // ------------------------------------------------------------------------------------------------------------ Settings
