@@ -32,8 +32,7 @@
 
 namespace {
 
-constexpr int kButtonRadius = 76;  // logical pixels, of the round buttons
-constexpr int kFirstSpeed = 8;
+constexpr int kButtonRadius = 76;     // logical pixels, of the round buttons
 constexpr const char* kNobody = "/";  // the player of a record from anywhere
 
 /// A press hits a round button, or comes from its caption or the keyboard: these have no button.

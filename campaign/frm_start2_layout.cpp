@@ -171,7 +171,8 @@ void FrmStart2::Place() {
   button(Image5, Label3, kEditor);
   button(Image6, Label4, kHelp);
   Image1.MoveTo(kBadge.left, kBadge.top);
-  Label8_4.SetBounds(kBadge.left, kBadge.top, kBadge.width, kBadge.height);
+  // As much of the badge as a rectangle can take, so that the mark of the focus is whole.
+  Label8_4.SetBounds(kBadge.left + 17, kBadge.top + 10, kBadge.width - 34, kBadge.height - 20);
   for (platform::Control* control : std::initializer_list<platform::Control*>{&Image1, &Label8_3, &Label8_4}) {
     control->set_tool_tip(Cp1250("Klikni pro více informací o soutěžích"));
     control->set_pointer(platform::Pointer::kHand);
