@@ -100,7 +100,7 @@ void FrmPoSt::Place() {
 
   shpList.SetBounds(kEdge, kListTop, kListWidth, kListHeight);
   Picture1.SetBounds(kEdge + 8, kListTop + 8, kListWidth - 16 - 24, kRowsShown * kRow);
-  Picture2.SetBounds(0, 0, Picture1.width(), kMostCaves * kRow);
+  Picture2.SetBounds(0, 0, Picture1.width(), kHighestCaveNumber * kRow);
   VScroll1.SetBounds(kEdge + kListWidth - 8 - 18, kListTop + 8, 18, kRowsShown * kRow);
   VScroll1.set_large_change(kRowsShown);
   Label6.SetBounds(kEdge + 8, kListTop + kListHeight + 6, kListWidth - 16, 24);
@@ -136,7 +136,7 @@ void FrmPoSt::FrmLoad() {
   BarvaCizi = {255, 63, 63};
   constexpr int kNumWidth = 44;
   constexpr int kScoreWidth = 80;
-  for (int i = 1; i <= kMostCaves; ++i) {
+  for (int i = 1; i <= kHighestCaveNumber; ++i) {
     const int top = kRow * i - kRow;
     const auto make = [&](Column& column, int left, int columnTop, int width) -> platform::Label& {
       auto& label = column[static_cast<std::size_t>(i)];

@@ -91,7 +91,7 @@ class FrmPoSt : public platform::Form, public PlayedSet {
   void PlaceDescription();
   void PresetGame(const CaveRecord& cave);
   void MarkRow(int n, bool selected);
-  bool HasRow(int n) const { return n >= 1 && n <= kMostCaves && lblCave[static_cast<std::size_t>(n)]; }
+  bool HasRow(int n) const { return n >= 1 && n <= kHighestCaveNumber && lblCave[static_cast<std::size_t>(n)]; }
 
   std::string folder_;
   const Forms& forms_;

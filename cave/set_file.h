@@ -33,7 +33,6 @@ bool SplitByLength(std::string_view line, std::string& first, std::string& rest)
 
 /// The highest number of a cave: its tail has two digits.
 inline constexpr int kHighestCaveNumber = 99;
-inline constexpr int kMostCaves = kHighestCaveNumber;  // the former name
 /// The set editor adds caves up to this count.
 inline constexpr int kMostCavesAdded = 91;
 /// Title, author and mail; at least one line follows.
