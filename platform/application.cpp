@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QPointer>
 #include <QScreen>
 #include <QThread>
 #include <QTranslator>
@@ -89,13 +90,6 @@ class KeyTap : public QObject {
   }
 };
 
-/// The texts of Qt's own buttons in the language of the desktop, where they are installed.
-void Translate(QTranslator& translator) {
-  if (translator.load(QLocale::system(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-    QCoreApplication::installTranslator(&translator);
-  }
-}
-
 /// A tile has to be a whole number of device pixels: ratios that the desktop gives in fractions become whole ones.
 void WantWholeRatios() {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
@@ -108,7 +102,6 @@ struct Application::Desktop {
 
   GuardedApplication application;
   KeyTap keys;
-  QTranslator translator;
 };
 
 Application::Application(int& argc, char** argv, const std::string& name, const Theme& theme)
@@ -117,7 +110,7 @@ Application::Application(int& argc, char** argv, const std::string& name, const 
   QCoreApplication::setApplicationName(QString::fromStdString(name));
   // Forms are hidden and shown in turn; Form decides when nothing is left.
   QGuiApplication::setQuitOnLastWindowClosed(false);
-  Translate(desktop_->translator);
+  set_language(QLocale::system().name().toStdString());
   QApplication::setStyle(new Look);
   QApplication::setPalette(PaletteOf(theme));
   QApplication::setFont(ToQt(Font{}));
@@ -157,6 +150,15 @@ int Application::PixelRatio() { return static_cast<int>(std::ceil(qApp->devicePi
 
 Charset Application::default_charset() { return State().charset; }
 void Application::set_default_charset(Charset charset) { State().charset = charset; }
+void Application::set_language(const std::string& code) {
+  static QPointer<QTranslator> translator;
+  delete translator;
+  translator = new QTranslator(qApp);
+  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  if (translator->load("qtbase_" + QString::fromStdString(code), folder))
+    QCoreApplication::installTranslator(translator);
+}
+
 const Theme& Application::theme() { return State().theme; }
 
 void Application::set_icon(const Picture& picture) {

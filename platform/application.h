@@ -41,6 +41,11 @@ class Application {
   static Charset default_charset();
   static void set_default_charset(Charset charset);
 
+  /// The language of the words that come with the desktop layer: buttons of boxes, file dialogs, the menus of text
+  /// boxes. code: such as "cs"; the desktop's own until this is called. Without an installed translation they are
+  /// English.
+  static void set_language(const std::string& code);
+
   static const Theme& theme();
 
   /// The icon of all windows that have none of their own.

@@ -183,6 +183,7 @@ void Form::ShowModal() {
 
 void Form::ShowNow() {
   const TimerPause pause;
+  placed_ = false;  // in front of whatever is in front now
   Show();
   QElapsedTimer waited;
   waited.start();

@@ -90,6 +90,7 @@ void Program::Main() {
 }
 
 void Program::SetLW() {
+  platform::Application::set_language(LogoNumber == 1 ? "cs" : LogoNumber == 3 ? "ru" : "en");
   platform::Application::set_default_charset(HeroNameIsLatin() ? platform::Charset::kCentralEuropean
                                                                : platform::Charset::kCyrillic);
   hra.SetLW();

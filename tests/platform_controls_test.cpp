@@ -17,6 +17,7 @@
 #include "platform/keys.h"
 #include "platform/list_controls.h"
 #include "platform/menu.h"
+#include "platform/message_box.h"
 #include "platform/testing.h"
 #include "platform/text_box.h"
 #include "platform/window_shape.h"
@@ -553,7 +554,39 @@ TEST(MenuTest, ItemsAreBroughtUpToDateAsTheMenuOpens) {
   none.PopUp(form, 0, 0);  // shows nothing and returns
 }
 
-// --------------------------------------------------------------------------------------------------- Window shapes
+// --------------------------------------------------------------------------------------------------------- Windows
+
+TEST(LanguageTest, BoxesSpeakTheLanguageAskedFor) {
+  const ShownForm form;
+  const auto box_in = [](const std::string& language) {
+    Picture box;
+    Application::set_language(language);
+    user::WhenFront([&] {
+      box = user::GrabFront();
+      user::TapKey(kKeyEscape);
+    });
+    ShowMessageBox({"text", "title", BoxButtons::kYesNo});
+    return box;
+  };
+  const Picture english = box_in("en");
+  EXPECT_NE(box_in("cs"), english);
+  EXPECT_EQ(box_in("en"), english);
+}
+
+TEST(FormTest, WhatIsShownAtOnceStandsInFrontOfThePresentForm) {
+  ShownForm form;
+  Form loading(Border::kNone, 100, 40);
+  for (const int left : {50, 600}) {
+    form.MoveTo(left, 200);
+    user::Wait(20);
+    loading.ShowNow();
+    constexpr int kFrame = 4;  // of the window around the form
+    EXPECT_NEAR(loading.left(), left + 150, kFrame);
+    EXPECT_NEAR(loading.top(), 200 + 130, kFrame);
+    loading.Hide();
+    form.Show();
+  }
+}
 
 TEST(WindowShapeTest, CutsTheWindowToTheUnion) {
   Form form(Border::kNone, 200, 100);
