@@ -4,9 +4,12 @@ class FormAnalyze;
 class FormHra;
 class FrmDialog2;
 class FrmDialog3;
+class FrmFormality;
 class FrmLoading;
+class FrmMain;
 class FrmPoSt;
 class FrmSLang;
+class FrmSada;
 class FrmSettings;
 class FrmStart2;
 
@@ -14,7 +17,7 @@ namespace platform {
 class MenuItem;
 }
 
-/// One instance of each form of the player's road; they live to the end of the program and reach each other here.
+/// One instance of each form; they live to the end of the program and reach each other here.
 /// Filled before any of them is used.
 struct Forms {
   FrmSettings* frmSettings = nullptr;
@@ -27,4 +30,7 @@ struct Forms {
   FrmLoading* frmLoading = nullptr;
   FrmSLang* frmSLang = nullptr;
   platform::MenuItem* mnuHelpP = nullptr;
+  FrmSada* frmSada = nullptr;
+  FrmMain* frmMain = nullptr;
+  FrmFormality* frmFormality = nullptr;
 };
