@@ -17,13 +17,17 @@ function(zorbik_target_options target)
   endif()
 endfunction()
 
-# zorbik_room(NAME SOURCES a.cpp ... LINKS other_room ...): the library NAME in the folder of the same name.
+# zorbik_room(NAME [FOLDER folder] SOURCES a.cpp ... LINKS other_room ...): the library NAME in the folder of the same name,
+# or in another one.
 function(zorbik_room name)
-  cmake_parse_arguments(room "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(room "" "FOLDER" "SOURCES;LINKS" ${ARGN})
+  if(NOT room_FOLDER)
+    set(room_FOLDER ${name})
+  endif()
   add_library(${name} STATIC ${room_SOURCES})
-  set(root ${CMAKE_BINARY_DIR}/rooms/${name})
+  set(root ${CMAKE_BINARY_DIR}/rooms/${room_FOLDER})
   file(MAKE_DIRECTORY ${root})
-  file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${name} ${root}/${name} SYMBOLIC)
+  file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${room_FOLDER} ${root}/${room_FOLDER} SYMBOLIC)
   target_include_directories(${name} PUBLIC ${root})
   target_link_libraries(${name} PUBLIC ${room_LINKS})
   zorbik_target_options(${name})
