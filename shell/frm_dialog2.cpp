@@ -20,6 +20,10 @@ FrmDialog2::FrmDialog2() : Form(platform::Border::kFixed, kWidth, kText + kButto
   CancelButton.SetBounds(kWidth - kEdge - kButtonWidth, top, kButtonWidth, kButtonHeight);
   OKButton.on_click = [this] { OKButton_Click(); };
   CancelButton.on_click = [this] { CancelButton_Click(); };
+  on_close_query = [this] {
+    if (!Text1.locked()) CancelButton_Click();  // closing the window gives up what was written
+    return true;
+  };
   ShowG();
 }
 

@@ -1,0 +1,163 @@
+// The set editor's files: a new set, opening, saving, and the question before changes are lost.
+
+#include <filesystem>
+
+#include "base/code_page.h"
+#include "base/folders.h"
+#include "base/lang_str.h"
+#include "base/language.h"
+#include "base/text.h"
+#include "campaign/frm_start2.h"
+#include "cave/cave_text.h"
+#include "editor/frm_sada.h"
+#include "platform/file_dialog.h"
+#include "platform/message_box.h"
+#include "shell/frm_loading.h"
+
+namespace {
+
+/// The window that stands in front during long work, for as long as this exists.
+class Working {
+ public:
+  explicit Working(FrmLoading& form) : form_(form) { form_.ShowNow(); }
+  ~Working() { form_.Hide(); }
+  Working(const Working&) = delete;
+  Working& operator=(const Working&) = delete;
+
+ private:
+  FrmLoading& form_;
+};
+
+std::string SetFilter() { return platform::FileFilter(LangStr[56] + " (*.zb)", "*.zb"); }
+
+/// Every cave has to be one before the set takes the place of another.
+void CheckCaves(const std::string& path, const EditedSet& set) {
+  if (set.PocetK == 0) throw Fault("The set has no caves.", path);
+  for (int i = 1; i <= set.PocetK; ++i) {
+    try {
+      ParseCaveText(set.KomText[static_cast<std::size_t>(i)]);
+    } catch (const Fault& fault) {
+      throw Fault("Cave " + std::to_string(i) + ": " + fault.what(), path);
+    }
+  }
+}
+
+}  // namespace
+
+/// The set under edit stays as it is after a fault.
+void FrmSada::Tell(const Fault& fault) {
+  const CodePage page = HeroNameIsLatin() ? CodePage::k1250 : CodePage::k1251;
+  platform::ShowMessageBox(
+      {FromUtf8(fault.message(), page), HeroName, platform::BoxButtons::kOk, platform::BoxIcon::kCritical});
+}
+
+void FrmSada::mnuNew_Click() {
+  Soubor.clear();
+  Text1.set_text("");
+  Text2.set_text("@");
+  Text3.set_text(LangStr[52]);
+  Text4.set_text(LangStr[53]);
+  Gratulace = LangStr[54];
+  PocetK = 1;
+  KomText[1] = CaveTemplate(NewCave::kSmall);
+  GetNames(0);
+  Chg.set_value(0);
+  List1.SetFocus();
+}
+
+// --- Opening --------------------
+
+void FrmSada::mnuOpen_Click() {
+  if (!MayGoOn()) return;
+  const std::string path = platform::ShowOpenDialog({LangStr[55], SetFilter(), CestaKomnaty,
+                                                     platform::kFileMustExist | platform::kHideReadOnly,
+                                                     /*default_extension=*/{}});
+  if (path.empty()) return;
+  try {
+    OpenColl(path);
+  } catch (const Fault& fault) {
+    Tell(fault);
+    return;
+  }
+  Soubor = path;
+  Chg.set_value(0);
+}
+
+void FrmSada::OpenColl(const std::string& path) {
+  EditedSet read = *this;  // a file that leaves numbers out leaves the caves there as they are
+  OpenResult result = OpenResult::kOpened;
+  {
+    const Working working(*forms_.frmLoading);
+    result = ::OpenColl(path, read);
+    if (result == OpenResult::kOpened) CheckCaves(path, read);
+  }
+  static_cast<EditedSet&>(*this) = read;
+  ShowTexts();
+  if (result == OpenResult::kLaterFormat) {
+    platform::ShowMessageBox({LangStr[43], LangStr[44], platform::BoxButtons::kOk});
+    mnuNew_Click();
+    Show();
+    return;
+  }
+  GetNames(0);
+}
+
+// --- Saving --------------------
+
+void FrmSada::mnuSave_Click() {
+  if (Soubor.empty()) {
+    mnuSaveAs_Click();
+  } else {
+    TryToSave(Soubor);
+  }
+}
+
+void FrmSada::mnuSaveAs_Click() {
+  std::error_code ignored;  // without the folder the dialog starts elsewhere
+  std::filesystem::create_directories(OwnSets, ignored);
+  const std::string path = platform::ShowSaveDialog(
+      {LangStr[57], SetFilter(), OwnSets,
+       platform::kExplorerStyle | platform::kOverwritePrompt | platform::kHideReadOnly, "*.zb"});
+  if (!path.empty() && TryToSave(path)) Soubor = path;
+}
+
+/// When it fails the set stays as it is, with its changes still unsaved.
+bool FrmSada::TryToSave(const std::string& path) {
+  try {
+    SaveColl(path);
+  } catch (const Fault& fault) {
+    Tell(fault);
+    return false;
+  }
+  Chg.set_value(0);
+  return true;
+}
+
+void FrmSada::SaveColl(const std::string& path) {
+  const Working working(*forms_.frmLoading);
+  ::SaveColl(path, *this);
+}
+
+// --- Leaving --------------------
+
+/// Asks what to do with unsaved changes. False: the set stays, for the user wants it or it could not be saved.
+bool FrmSada::MayGoOn() {
+  if (Chg.value() == 0) return true;
+  const platform::MessageBox box{Replaced(LangStr[47], "?1?", Text3.text()), LangStr[46],
+                                 platform::BoxButtons::kYesNoCancel, platform::BoxIcon::kQuestion};
+  const platform::BoxAnswer answer = platform::ShowMessageBox(box);
+  if (answer == platform::BoxAnswer::kYes) mnuSave_Click();
+  return answer == platform::BoxAnswer::kNo || (answer == platform::BoxAnswer::kYes && Chg.value() == 0);
+}
+
+void FrmSada::mnuClose_Click() {
+  if (!MayGoOn()) return;
+  forms_.frmStart2->FrmLoad();
+  Hide();
+  forms_.frmStart2->Show();
+}
+
+bool FrmSada::Form_QueryUnload() {
+  mnuClose_Click();
+  return false;  // the form stays loaded
+}
