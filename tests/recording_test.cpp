@@ -188,9 +188,9 @@ struct Result {
   std::string output;
 };
 
-Result RunZbrcheck(const std::string& arguments) {
+Result RunZbrcheck(const std::string& arguments, const std::string& folder = ".") {
   Result result;
-  FILE* pipe = popen((ZBRCHECK " " + arguments + " 2>&1").c_str(), "r");
+  FILE* pipe = popen(("cd '" + folder + "' && " ZBRCHECK " " + arguments + " 2>&1").c_str(), "r");
   std::array<char, 4096> buffer{};
   for (std::size_t count = 0; (count = fread(buffer.data(), 1, buffer.size(), pipe)) > 0;) {
     result.output.append(buffer.data(), count);
@@ -221,7 +221,13 @@ TEST(Zbrcheck, GivesAVerdictOnEachFile) {
   EXPECT_THAT(RunZbrcheck(folder.Path("missing.zbr")).output, HasSubstr(": damaged: "));
   EXPECT_THAT(RunZbrcheck("--json " + other).output,
               HasSubstr("\"verdict\": \"other score\", \"ticks\": 2, \"recorded score\": 9999, \"score\": 159}"));
-  for (const std::string wrong : {"", "--bogus", "--dump x.zbr", "--trace a b"})
+  const std::string without = folder.Make("c/note.txt").substr(0, folder.path().size() + 2);
+  EXPECT_EQ(RunZbrcheck(without).output, without + ": no record\n");
+  EXPECT_EQ(RunZbrcheck(good + " " + without).status, 1);
+  EXPECT_THAT(RunZbrcheck("--json " + without).output, HasSubstr("\"verdict\": \"no record\"}"));
+  folder.Make("--json", record);
+  EXPECT_EQ(RunZbrcheck("--strict -- --json", folder.path()).output, "--json: won 159\n");
+  for (const std::string wrong : {"", "--", "--bogus", "--dump x.zbr", "--trace a b"})
     EXPECT_EQ(RunZbrcheck(wrong).status, 2) << wrong;
 }
 

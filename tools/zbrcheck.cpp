@@ -23,20 +23,22 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kUsage =
-    "usage: zbrcheck [--strict] [--json] FILE...\n"
-    "       zbrcheck [--strict] --trace [--dump] FILE\n"
+    "usage: zbrcheck [--strict] [--json] [--] FILE...\n"
+    "       zbrcheck [--strict] --trace [--dump] [--] FILE\n"
     "\n"
     "Plays record files (.zbr; folders are walked) and prints a verdict on each:\n"
     "  FILE: won SCORE                        the record is good\n"
     "  FILE: won SCORE, record says SCORE2    the score in the file is another\n"
     "  FILE: not won                          the recording ends before the exit\n"
     "  FILE: damaged: REASON                  it cannot be played\n"
+    "  FOLDER: no record                      the folder holds none\n"
     "\n"
     "  --strict  numbers outside the range that the rules ask for, and rests of lines that\n"
     "            are no notes, are damage\n"
     "  --json    one JSON object a file\n"
     "  --trace   a line after each tick of one file\n"
     "  --dump    the cave as text after each line of the trace\n"
+    "  --        all that follows are files\n"
     "\n"
     "Exit status: 0 all records are good, 1 one is not, 2 wrong usage.\n";
 
@@ -49,7 +51,7 @@ struct Options {
 };
 
 struct Verdict {
-  enum class Kind { kWon, kOtherScore, kNotWon, kDamaged } kind = Kind::kDamaged;
+  enum class Kind { kWon, kOtherScore, kNotWon, kDamaged, kNoRecord } kind = Kind::kDamaged;
   int score = 0;
   int recordedScore = 0;
   int ticks = 0;
@@ -65,9 +67,14 @@ struct Verdict {
 
 Options ReadArguments(int argc, char** argv) {
   Options options;
+  bool filesFollow = false;
   for (int i = 1; i < argc; ++i) {
     const std::string argument = argv[i];
-    if (argument == "--help") {
+    if (filesFollow) {
+      options.files.push_back(argument);
+    } else if (argument == "--") {
+      filesFollow = true;
+    } else if (argument == "--help") {
       std::cout << kUsage;
       std::exit(0);
     } else if (argument == "--strict") {
@@ -91,7 +98,7 @@ Options ReadArguments(int argc, char** argv) {
 }
 
 /// The record files in a folder and below. A folder that cannot be listed is given back itself, so that it gets a
-/// verdict, too.
+/// verdict, too; FilesToCheck does the same with one that holds none.
 void AddRecordsBelow(const fs::path& folder, std::vector<std::string>& files) {
   std::error_code error;
   fs::directory_iterator entry(folder, error);
@@ -117,6 +124,7 @@ std::vector<std::string> FilesToCheck(const std::vector<std::string>& arguments)
     }
     std::vector<std::string> inside;
     AddRecordsBelow(argument, inside);
+    if (inside.empty()) inside.push_back(argument);
     std::sort(inside.begin(), inside.end());
     files.insert(files.end(), inside.begin(), inside.end());
   }
@@ -125,6 +133,13 @@ std::vector<std::string> FilesToCheck(const std::vector<std::string>& arguments)
 
 Verdict Check(const std::string& file, bool strict) {
   Verdict verdict;
+  std::error_code error;
+  if (fs::is_directory(file, error)) {
+    const fs::directory_iterator listed(file, error);
+    verdict.kind = error ? Verdict::Kind::kDamaged : Verdict::Kind::kNoRecord;
+    verdict.reason = error.message();
+    return verdict;
+  }
   try {
     const Recording recording = ReadRecording(ReadFile(file));
     Replay replay(recording, strict);
@@ -151,6 +166,8 @@ std::string Plain(const std::string& file, const Verdict& verdict) {
       return text + "won " + std::to_string(verdict.score) + ", record says " + std::to_string(verdict.recordedScore);
     case Verdict::Kind::kNotWon:
       return text + "not won";
+    case Verdict::Kind::kNoRecord:
+      return text + "no record";
     case Verdict::Kind::kDamaged:
       break;
   }
@@ -176,12 +193,12 @@ std::string JsonString(const std::string& text) {
 }
 
 std::string Json(const std::string& file, const Verdict& verdict) {
-  static constexpr const char* kNames[] = {"won", "other score", "not won", "damaged"};
+  static constexpr const char* kNames[] = {"won", "other score", "not won", "damaged", "no record"};
   std::ostringstream text;
   text << "{\"file\": " << JsonString(file) << ", \"verdict\": \"" << kNames[static_cast<int>(verdict.kind)] << "\"";
   if (verdict.kind == Verdict::Kind::kDamaged) {
     text << ", \"reason\": " << JsonString(verdict.reason);
-  } else {
+  } else if (verdict.kind != Verdict::Kind::kNoRecord) {
     text << ", \"ticks\": " << verdict.ticks << ", \"recorded score\": " << verdict.recordedScore;
     if (verdict.kind != Verdict::Kind::kNotWon) text << ", \"score\": " << verdict.score;
   }
