@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
@@ -20,6 +21,9 @@ namespace fs = std::filesystem;
 
 constexpr const char* kNotRead = "The file cannot be read";
 constexpr const char* kNotWritten = "The file cannot be written";
+// Around the number of the process and a count: the name of a file that is still being written.
+constexpr std::string_view kTemporaryStart = ".zorbik-";
+constexpr std::string_view kTemporaryEnd = ".tmp";
 
 [[noreturn]] void Fail(const std::string& what, const std::string& path, int error) {
   throw Fault(what + ": " + std::generic_category().message(error) + ".", path);
@@ -61,7 +65,8 @@ bool WriteAll(int descriptor, std::string_view contents) {
 /// A new empty file beside the given one. Its name is given back in temporary.
 int CreateBeside(const fs::path& target, std::string& temporary) {
   for (int attempt = 0;; ++attempt) {
-    const std::string name = ".zorbik-" + std::to_string(getpid()) + "-" + std::to_string(attempt) + ".tmp";
+    const std::string number = std::to_string(getpid()) + "-" + std::to_string(attempt);
+    const std::string name = std::string(kTemporaryStart).append(number).append(kTemporaryEnd);
     temporary = (target.parent_path() / name).string();
     const int descriptor = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor >= 0 || errno != EEXIST || attempt == 1000) return descriptor;
@@ -96,6 +101,20 @@ std::vector<std::string> List(const std::string& folder, Wanted wanted) {
   }
   SortRegardlessOfCase(names);
   return names;
+}
+
+/// Takes away what writers that were killed have left in a folder. Their age tells them: the process of that number may
+/// be a living one of another kind, or live on another machine that shares the folder.
+void RemoveLeftovers(const fs::path& folder) {
+  constexpr std::chrono::hours kLongestWrite(1);
+  const auto left = [kLongestWrite](const fs::directory_entry& entry) {
+    const std::string name = entry.path().filename().string();
+    std::error_code error;
+    return name.starts_with(kTemporaryStart) && name.ends_with(kTemporaryEnd) && entry.is_regular_file(error) &&
+           fs::file_time_type::clock::now() - entry.last_write_time(error) > kLongestWrite && !error;
+  };
+  std::error_code ignored;
+  for (const std::string& name : List(folder.string(), left)) fs::remove(folder / name, ignored);
 }
 
 bool EndsRegardlessOfCase(const std::string& name, std::string_view extension) {
@@ -241,6 +260,14 @@ void WriteFile(const std::string& path, std::string_view contents) {
     Fail(kNotWritten, path, error);
   }
   FlushFolder(target.parent_path());
+  RemoveLeftovers(target.parent_path());
+}
+
+void MakeFolder(const std::string& path) {
+  CheckPath(path);
+  std::error_code error;
+  fs::create_directories(PlaceOf(path), error);
+  if (error) Fail("The folder cannot be made", path, error.value());
 }
 
 bool IsSameFile(const std::string& a, const std::string& b) {

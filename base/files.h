@@ -27,8 +27,12 @@ void ReadLines(const std::string& path, const std::function<bool(const std::stri
 /// which takes the name only once it is safely on the disk. A file that is found regardless of case is replaced and
 /// keeps its name, a link stays and what it leads to is replaced or made. Permissions of an existing file are kept, but
 /// one that was read-only is overwritten and becomes writable. Throws Fault when that fails; the old file then stands
-/// as it was and the temporary one is gone.
+/// as it was and the temporary one is gone. One that an earlier process left when it was killed goes with the next file
+/// that is written to the folder, from an hour on.
 void WriteFile(const std::string& path, std::string_view contents);
+
+/// Makes a folder, with those that it lies in, unless it is there, be it in other case. Throws Fault when that fails.
+void MakeFolder(const std::string& path);
 
 /// True when both paths lead to the same existing file or folder.
 bool IsSameFile(const std::string& a, const std::string& b);

@@ -50,15 +50,9 @@ bool Ask(const std::string& question) {
 /// The path of an existing file, or "".
 std::string AskForFile(const std::string& title, const std::string& shown, const std::string& pattern,
                        const std::string& folder) {
-  const std::string filter = shown + '\0' + pattern + '\0';
-  return platform::ShowOpenDialog(
-      {title, filter, folder, platform::kFileMustExist | platform::kHideReadOnly, /*default_extension=*/{}});
-}
-
-void MakeFolder(const std::string& folder) {
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  if (error) throw Fault("The folder cannot be made: " + error.message() + ".", folder);
+  namespace dialogs = platform::CommonDialogy;
+  return dialogs::ShowOpenDialog({title, dialogs::FileFilter(shown, pattern), folder,
+                                  dialogs::kFileMustExist | dialogs::kHideReadOnly, /*default_extension=*/{}});
 }
 
 /// Where a copy of a set goes. A name that is taken gets a "~", once: a second such copy takes the place of the first.
@@ -184,6 +178,17 @@ void FrmStart2::ShowPanel(bool open) {
   set_default_button(open ? &Command3 : nullptr);
 }
 
+// A further move does not put the closing off.
+void FrmStart2::Image4_MouseMove() {
+  if (!Timer1.enabled()) Timer1.Start();
+}
+
+void FrmStart2::Image5_MouseMove() { Image4_MouseMove(); }
+
+void FrmStart2::Image6_MouseMove() { Image4_MouseMove(); }
+
+void FrmStart2::Image10_MouseMove() { Timer1.Stop(); }
+
 void FrmStart2::Timer1_Timer() {
   Timer1.Stop();
   const bool open = Picture1.visible();
@@ -250,9 +255,22 @@ void FrmStart2::Image6_MouseDown(int button, int x, int y) {
   forms_.mnuHelpP->PopUp(*this, Image6.left() + Image6.width(), Label4.top() + Label4.height() / 2);
 }
 
+void FrmStart2::Label2_Click() { Image4_MouseDown(0, 0, 0); }
+
+void FrmStart2::Label3_Click() { Image5_MouseDown(0, 0, 0); }
+
+void FrmStart2::Label4_Click() { Image6_MouseDown(0, 0, 0); }
+
 void FrmStart2::Image1_Click() { OtevriOdkaz(folder_ + "/Help/Tempo/index.htm"); }
 
 void FrmStart2::Label9_Click() { forms_.frmSLang->ShowModal(); }
+
+void FrmStart2::Picture4_Click() { Label7_Click(); }
+
+bool FrmStart2::Form_QueryUnload() {
+  Label7_Click();
+  return false;
+}
 
 void FrmStart2::Label7_Click() {
   const int state = static_cast<int>(forms_.hra->window_state());

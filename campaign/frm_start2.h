@@ -42,13 +42,22 @@ class FrmStart2 : public platform::Form {
   void Image4_MouseDown(int button, int x, int y);  // replay
   void Image5_MouseDown(int button, int x, int y);  // editor
   void Image6_MouseDown(int button, int x, int y);  // help
-  void Image1_Click();                              // contests
+  void Image4_MouseMove();                          // closes the panel a second later
+  void Image5_MouseMove();
+  void Image6_MouseMove();
+  void Image10_MouseMove();  // keeps it open
+  void Image1_Click();       // contests
   void Label1_Click();
+  void Label2_Click();
+  void Label3_Click();
+  void Label4_Click();
   void Command1_Click();  // new player
   void Command2_Click();  // a set from anywhere
   void Command3_Click();  // play the selected set
   void List2_Click();
   void Label7_Click();  // ends the program
+  void Picture4_Click();
+  bool Form_QueryUnload();
   void Label9_Click();  // language
   void Timer1_Timer();
   void Form_KeyDown(platform::KeyEvent& event);

@@ -85,15 +85,15 @@ void FrmStart2::MakeControls() {
     control.set_tab_stop(true);
   };
   link(Label1, [this] { Label1_Click(); });
-  link(Label2, [this] { Image4_MouseDown(0, 0, 0); });
-  link(Label3, [this] { Image5_MouseDown(0, 0, 0); });
-  link(Label4, [this] { Image6_MouseDown(0, 0, 0); });
+  link(Label2, [this] { Label2_Click(); });
+  link(Label3, [this] { Label3_Click(); });
+  link(Label4, [this] { Label4_Click(); });
   link(Label7, [this] { Label7_Click(); });
   link(Label9, [this] { Label9_Click(); });
   link(Label8_4, [this] { Image1_Click(); });
   Label8_3.on_click = [this] { Image1_Click(); };
   Image1.on_click = [this] { Image1_Click(); };
-  Picture4.on_click = [this] { Label7_Click(); };
+  Picture4.on_click = [this] { Picture4_Click(); };
   Picture5.on_click = [this] { Label9_Click(); };
 
   using platform::MouseEvent;
@@ -101,12 +101,10 @@ void FrmStart2::MakeControls() {
   Image4.on_mouse_down = [this](const MouseEvent& mouse) { Image4_MouseDown(mouse.button, mouse.x, mouse.y); };
   Image5.on_mouse_down = [this](const MouseEvent& mouse) { Image5_MouseDown(mouse.button, mouse.x, mouse.y); };
   Image6.on_mouse_down = [this](const MouseEvent& mouse) { Image6_MouseDown(mouse.button, mouse.x, mouse.y); };
-  for (platform::Image* image : {&Image4, &Image5, &Image6}) {
-    image->on_mouse_move = [this](const MouseEvent&) {
-      if (!Timer1.enabled()) Timer1.Start();  // a further move does not put it off
-    };
-  }
-  Image10.on_mouse_move = [this](const MouseEvent&) { Timer1.Stop(); };
+  Image4.on_mouse_move = [this](const MouseEvent&) { Image4_MouseMove(); };
+  Image5.on_mouse_move = [this](const MouseEvent&) { Image5_MouseMove(); };
+  Image6.on_mouse_move = [this](const MouseEvent&) { Image6_MouseMove(); };
+  Image10.on_mouse_move = [this](const MouseEvent&) { Image10_MouseMove(); };
   Timer1.on_timer = [this] { Timer1_Timer(); };
 
   List2.on_click = [this] { List2_Click(); };
@@ -115,10 +113,7 @@ void FrmStart2::MakeControls() {
   Command2.on_click = [this] { Command2_Click(); };
   Command3.on_click = [this] { Command3_Click(); };
   on_key_down = [this](platform::KeyEvent& event) { Form_KeyDown(event); };
-  on_close_query = [this] {
-    Label7_Click();
-    return false;
-  };
+  on_close_query = [this] { return Form_QueryUnload(); };
   // The panel belongs to the first button: Tab goes from there into it and on to the second one.
   List2.set_tab_after(Label1);
   Command1.set_tab_after(List2);

@@ -120,9 +120,13 @@ std::string Show(const FileDialog& dialog, QFileDialog::AcceptMode mode) {
 
 }  // namespace
 
+inline namespace CommonDialogy {
+
 std::string ShowOpenDialog(const FileDialog& dialog) { return Show(dialog, QFileDialog::AcceptOpen); }
 std::string ShowSaveDialog(const FileDialog& dialog) { return Show(dialog, QFileDialog::AcceptSave); }
 
 void SetFileDialogResponder(FileDialogResponder new_responder) { responder = std::move(new_responder); }
+
+}  // namespace CommonDialogy
 
 }  // namespace platform

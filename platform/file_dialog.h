@@ -5,6 +5,9 @@
 
 namespace platform {
 
+/// The file dialogs of the desktop.
+inline namespace CommonDialogy {
+
 /// Bits of FileDialog::flags. The others that callers pass change nothing here.
 inline constexpr unsigned kOverwritePrompt = 2;     // save: asks before an existing file is taken
 inline constexpr unsigned kHideReadOnly = 4;        // always so
@@ -35,5 +38,7 @@ std::string ShowSaveDialog(const FileDialog& dialog);
 /// For tests: answers dialogs in place of the user, with a path or "". An empty function brings the real ones back.
 using FileDialogResponder = std::function<std::string(const FileDialog&)>;
 void SetFileDialogResponder(FileDialogResponder responder);
+
+}  // namespace CommonDialogy
 
 }  // namespace platform

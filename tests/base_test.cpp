@@ -3,6 +3,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <string>
@@ -192,6 +193,29 @@ TEST_F(Files, AFailedWriteLeavesTheOldFile) {
   std::signal(SIGXFSZ, handler);
   EXPECT_EQ(ReadFile(path), "old");
   EXPECT_THAT(ListFiles(folder_.path(), ""), ElementsAre("set.zb"));
+}
+
+TEST_F(Files, WhatAKilledWriterLeftGoesOnceItIsOld) {
+  Make(".zorbik-4711-0.tmp");
+  const auto age = [this](const std::string& file) {
+    fs::last_write_time(Make(file), fs::file_time_type::clock::now() - std::chrono::hours(2));
+  };
+  age(".zorbik-4711-1.tmp");
+  age("old.tmp");
+  fs::create_directory(Path(".zorbik-4711-2.tmp"));
+  WriteFile(Path("set.zb"), "new");
+  EXPECT_THAT(ListFiles(folder_.path(), ""), ElementsAre(".zorbik-4711-0.tmp", "old.tmp", "set.zb"))
+      << "a young one may still be written";
+}
+
+TEST_F(Files, AFolderIsMadeWhereItsNameIsTaken) {
+  Make("data/Hráči/soubor");
+  MakeFolder(Path("data/hráči/Karel"));
+  MakeFolder(Path("DATA/HRÁČI"));
+  MakeFolder(Path("more/x"));
+  EXPECT_THAT(ListFolders(Path("data")), ElementsAre("Hráči"));
+  EXPECT_THAT(ListFolders(folder_.path()), ElementsAre("data", "more"));
+  ExpectFault([&] { MakeFolder(Path("data/Hráči/soubor")); }, Path("data/Hráči/soubor"), "cannot be made");
 }
 
 TEST_F(Files, OverwritingKeepsPermissionsAndLinks) {

@@ -38,6 +38,7 @@ void FormHra::SaveRecord(int score) {
   game.ProjedKlv();
   for (;;) {
     try {
+      MakeFolder(CestaHraci + "/" + ToUtf8(PlayerName, CodePage::k1250));  // somebody may have taken it away meanwhile
       WriteFile(RecordPath(), RecordText(SetName, score, PlayerName, game.RecordBuffer));
       return;
     } catch (const Fault& fault) {
