@@ -17,9 +17,16 @@ namespace {
 
 constexpr std::size_t kTailLength = 5;  // "---" and two digits
 
+/// The folder as it is there, be it in other case, or as it would be made.
+std::string FolderIn(const std::string& parent, const std::string& name) {
+  std::string folder = std::string(parent).append("/").append(name);
+  const std::string found = FindPath(folder);
+  return found.empty() ? folder : found;
+}
+
 /// The folder if a file lies in it, otherwise the program's own.
 std::string FolderWithFiles(const std::string& programFolder, const std::string& name) {
-  std::string folder = programFolder + "/" + name + "/";
+  const std::string folder = FolderIn(programFolder, name) + "/";
   return ListFiles(folder, "").empty() ? programFolder + "/" : folder;
 }
 
@@ -40,8 +47,8 @@ void SetFolders(const std::string& programFolder, std::string_view executable, c
   const std::string sets = english ? "Caves" : "Komnaty";
   CestaKomnaty = FolderWithFiles(programFolder, sets);
   CestaZaznamy = FolderWithFiles(programFolder, english ? "Records" : "Záznamy");
-  CestaHraci = (dataFolder.empty() ? programFolder : dataFolder) + (english ? "/Players" : "/Hráči");
-  OwnSets = dataFolder.empty() ? CestaKomnaty : dataFolder + "/" + sets + "/";
+  CestaHraci = FolderIn(dataFolder.empty() ? programFolder : dataFolder, english ? "Players" : "Hráči");
+  OwnSets = dataFolder.empty() ? CestaKomnaty : FolderIn(dataFolder, sets) + "/";
 }
 
 std::string UserDataFolder() {
@@ -65,6 +72,7 @@ std::vector<std::string> ListPlayers() {
 std::string PlayerFolder(const std::string& player) { return CestaHraci + "/" + ToUtf8(player, CodePage::k1250); }
 
 bool MakePlayer(const std::string& player) {
+  if (Trim(player).empty()) return false;
   const std::string folder = PlayerFolder(player);
   if (!FindPath(folder).empty()) return false;
   std::error_code error;

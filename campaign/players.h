@@ -26,7 +26,8 @@ std::vector<std::string> ListPlayers();
 /// The folder of a player.
 std::string PlayerFolder(const std::string& player);
 
-/// Makes a player's folder. False when that fails, also when there is such a folder already, be it in other case.
+/// Makes a player's folder. False when that fails, also when there is such a folder already, be it in other case, and
+/// for a name of nothing but blanks.
 bool MakePlayer(const std::string& player);
 
 /// The name of a record file, in code page 1250.

@@ -216,7 +216,8 @@ bool Form::HandleKey(KeyEvent event, bool down) {
   Button* button = code == kKeyEscape                     ? cancel_button_
                    : code == kKeyEnter && !enter_is_taken ? default_button_
                                                           : nullptr;
-  if (!button) return false;
+  // A button that nobody sees is not there for the keyboard either.
+  if (!button || !Native::Widget(*button)->isVisible()) return false;
   button->Click();
   return true;
 }

@@ -55,7 +55,8 @@ class Form : public Container {
   /// and Enter press no button.
   void set_keys_go_to_game(bool on) { keys_go_to_game_ = on; }
   /// The button that Enter presses, unless the control with the focus needs Enter itself (another button, a text box of
-  /// many lines), and the one that Escape presses. The form forgets neither: they have to live as long as it does.
+  /// many lines), and the one that Escape presses; a hidden one is pressed by neither. The form forgets neither button:
+  /// they have to live as long as it does.
   void set_default_button(Button* button);
   void set_cancel_button(Button* button) { cancel_button_ = button; }
 

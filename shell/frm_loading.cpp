@@ -16,8 +16,12 @@ FrmLoading::FrmLoading() : Form(platform::Border::kNone, kWidth, kHeight) {
   Label1.set_alignment(platform::Alignment::kCentre);
   Label1.set_middle(true);
   Label1.set_font({20, true, false, false});
+  set_caption("Pracuji...");
   Label1.set_caption("Pracuji...");
   on_close_query = [] { return false; };  // who has shown it hides it
 }
 
-void FrmLoading::SetLW() { Label1.set_caption(LangStr[75]); }
+void FrmLoading::SetLW() {
+  set_caption(LangStr[75]);
+  Label1.set_caption(LangStr[75]);
+}

@@ -213,6 +213,13 @@ TEST(FoldersTest, StandBesideTheProgramOrAreIt) {
   EXPECT_EQ(CestaZaznamy, folder.path() + "/Records/");
   EXPECT_EQ(CestaHraci, folder.path() + "/Players");
 
+  const TempFolder other;
+  other.Make("KOMNATY/a.zb");
+  other.Make("hráči/x");
+  SetFolders(other.path(), "zorbik");
+  EXPECT_EQ(CestaKomnaty, other.path() + "/KOMNATY/") << "the case of names does not matter";
+  EXPECT_EQ(CestaHraci, other.path() + "/hráči");
+
   SetFolders(folder.path(), "b", "/data/of/eva");
   EXPECT_EQ(CestaKomnaty, folder.path() + "/Komnaty/") << "what is shipped stays";
   EXPECT_EQ(CestaHraci, "/data/of/eva/Hráči");
@@ -231,6 +238,7 @@ TEST(PlayersTest, AreFoldersInOrderOfTheirNames) {
   EXPECT_FALSE(MakePlayer(Cp1250("čeněk"))) << "the same name";
   EXPECT_FALSE(MakePlayer("")) << "the folder of all players";
   EXPECT_FALSE(MakePlayer(".."));
+  EXPECT_FALSE(MakePlayer("  ")) << "nobody could tell this player from none";
 }
 
 TEST(RecordsTest, TellWhoseTheyAreAndWhetherTheyAreOfThisCave) {
@@ -503,6 +511,9 @@ TEST(OverviewTest, ShowsWhatRecordsAndBonusCavesOpen) {
   EXPECT_EQ(form.lblName.caption(), "???");
   EXPECT_EQ(form.lblDescr.caption(), LangStr[84] + "\r\nE");
   EXPECT_FALSE(form.Command2.visible());
+  form.Label1.SetFocus();
+  user::TapKey(kKeyEnter);
+  EXPECT_FALSE(overview.program->hra.visible()) << "a locked cave is not played, not by the keyboard either";
   user::TapKey(kKeyEscape);
   EXPECT_TRUE(overview.program->frmStart2.visible());
   EXPECT_FALSE(form.visible());
