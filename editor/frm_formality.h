@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "campaign/forms.h"
@@ -8,30 +9,36 @@
 #include "platform/text_box.h"
 
 /// The properties of the cave under edit. The cave editor fills the controls each time before it shows the form, and
-/// takes their values over on "OK"; the form itself keeps nothing.
+/// takes their values over on "OK"; the form itself keeps nothing. Values out of limits are not refused but set to the
+/// limit, and the author is told.
 class FrmFormality : public platform::Form {
  public:
   /// programFolder: where the pictures lie.
   FrmFormality(const std::string& programFolder, const Forms& forms);
 
-  /// Lets the number fields take digits only.
+  /// Lets the number fields take digits only. Called once, before the form is first shown.
   void FrmLoad();
   /// Texts of the language in force; moves each help button right of its label.
   void SetLW();
 
-  void Command1_Click();  // "OK": corrects the values, tells what was corrected, hands over
-  void Command2_Click();  // gives up
-  void Command3_Click();  // what a bonus cave is
-  void Command4_Click();  // how many gems there are
-  void Command5_Click();  // how time becomes points
-  void Command6_Click();  // what comes after the magic wall's time
-  void Command7_Click();  // what the slime's permeability means
-  void Command8_Click();  // when the amoeba turns to stone
-  void HScroll1_Change();
-  bool Form_QueryUnload();
+  void Command1_Click();    // "OK": corrects the values, tells what was corrected, hands over
+  void Command2_Click();    // gives up
+  void Command3_Click();    // what a bonus cave is
+  void Command4_Click();    // how many gems there are
+  void Command5_Click();    // how time becomes points
+  void Command6_Click();    // what comes after the magic wall's time
+  void Command7_Click();    // what the slime's permeability means
+  void Command8_Click();    // when the amoeba turns to stone
+  void HScroll1_Change();   // shows the colour chosen
+  bool Form_QueryUnload();  // gives up, too
+
+  void set_visible(bool visible) override;
 
   // --- Controls --------------------
 
+  platform::Shape shpTexts{this, platform::ShapeKind::kRounded};
+  platform::Shape shpRules{this, platform::ShapeKind::kRounded};
+  platform::Shape shpLook{this, platform::ShapeKind::kRounded};
   platform::Label Label4{this};
   platform::TextBox Text3{this};  // name
   platform::Button Command3{this};
@@ -67,5 +74,31 @@ class FrmFormality : public platform::Form {
   platform::Button Command2{this};
 
  private:
+  /// A field with its label, and the button that helps with it, if there is one.
+  struct Row {
+    platform::TextBox* field;
+    platform::Label* label;
+    int text;  // row of the language files
+    platform::Button* help = nullptr;
+    int helpText = 0;
+  };
+
+  void SetLimits();
+  void TieControls();
+  void Place();
+  int ContentWidth() const;
+  void PlaceRow(const Row& row, int top, int contentWidth);
+  void Inform(int titleRow, const std::string& text) const;
+
+  std::string folder_;
   const Forms& forms_;
+  const std::array<Row, 2> texts_ = {{{&Text3, &Label4, 120, &Command3, 127}, {&Text4, &Label6, 121}}};
+  const std::array<Row, 7> rules_ = {{{&Text6, &Label8, 123, &Command4, 128},
+                                      {&Text5, &Label7, 122, &Command5, 129},
+                                      {&Text9, &Label11, 70},
+                                      {&Text10, &Label12, 71},
+                                      {&Text7, &Label9, 124, &Command6, 130},
+                                      {&Text8, &Label10, 125, &Command8, 131},
+                                      {&Text11, &Label13, 126, &Command7, 132}}};
+  const std::array<Row, 2> size_ = {{{&Text1, &Label1, 117}, {&Text2, &Label2, 118}}};
 };

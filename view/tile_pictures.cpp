@@ -43,6 +43,11 @@ platform::Picture LoadNumbered(const std::string& folder, int number, int size, 
   return platform::Picture::LoadSvg(folder + "/" + std::string(name), size, size, ratio);
 }
 
+platform::Picture LoadTinted(const std::string& folder, int number, int tint, int size, int ratio) {
+  const std::string_view name = picture::kFiles[static_cast<std::size_t>(number)].name;
+  return platform::Picture::LoadSvg(folder + "/" + std::string(name), size, size, ratio, ShadesAsText(tint));
+}
+
 platform::Picture LoadExtra(const std::string& folder, const picture::Extra& extra, int width, int height, int ratio) {
   return platform::Picture::LoadSvg(folder + "/" + std::string(extra.name), width, height, ratio);
 }

@@ -34,5 +34,8 @@ class TilePictures {
 /// A numbered picture without the floor of the cave under it, in a size of its own. Throws Fault as above.
 platform::Picture LoadNumbered(const std::string& folder, int number, int size, int ratio);
 
+/// A numbered picture in a tint, 0..14, and in a size of its own. Throws Fault as above.
+platform::Picture LoadTinted(const std::string& folder, int number, int tint, int size, int ratio);
+
 /// A picture without a number, in a size of its own. Throws Fault as above.
 platform::Picture LoadExtra(const std::string& folder, const picture::Extra& extra, int width, int height, int ratio);

@@ -1,0 +1,123 @@
+// What the cave properties do; looks stand in a file of their own.
+
+#include "editor/frm_formality.h"
+
+#include "base/code_page.h"
+#include "base/lang_str.h"
+#include "base/text.h"
+#include "cave/cave_text.h"
+#include "cave/names.h"
+#include "editor/cave_sums.h"
+#include "editor/frm_main.h"
+#include "editor/super_replace.h"
+#include "platform/message_box.h"
+
+namespace {
+
+int ValueOf(const platform::TextBox& field) { return NumberOf(field.text()); }
+
+/// Sets values right and gathers what it has to tell about it, a line each.
+class Corrector {
+ public:
+  const std::string& message() const { return message_; }
+
+  void AtLeast(platform::TextBox& field, int least, int name) {
+    if (ValueOf(field) < least) SetTo(field, least, name);
+  }
+  void AtMost(platform::TextBox& field, int most, int name) {
+    if (ValueOf(field) > most) SetTo(field, most, name);
+  }
+  /// Spells the words of the game right. What a cave text has no room for is cut off: it would be lost with all the
+  /// rest of the cave.
+  void Words(platform::TextBox& field, int name) {
+    const CodePage page = field.charset() == platform::Charset::kCyrillic ? CodePage::k1251 : CodePage::k1250;
+    const std::string before = field.text();
+    std::string text = SuperReplace(before, page);
+    const bool tooLong = text.size() > kLargestSmallNumber;
+    if (tooLong) text.resize(kLargestSmallNumber);
+    field.set_text(text);
+    if (tooLong)
+      Tell(name, kLargestSmallNumber);
+    else if (text != before)
+      Tell(name);
+  }
+
+ private:
+  void SetTo(platform::TextBox& field, int limit, int name) {
+    field.set_text(std::to_string(limit));
+    Tell(name, limit);
+  }
+  void Tell(int name) { message_ += LangStr[static_cast<std::size_t>(name)] + std::string(kLineBreak); }
+  void Tell(int name, int limit) {
+    message_ += LangStr[static_cast<std::size_t>(name)] + " = " + std::to_string(limit) + std::string(kLineBreak);
+  }
+
+  std::string message_;
+};
+
+}  // namespace
+
+void FrmFormality::Command1_Click() {
+  Corrector corrector;
+  corrector.AtLeast(Text1, 19, 117);
+  corrector.AtMost(Text1, 50, 117);
+  corrector.AtLeast(Text2, 11, 118);
+  corrector.AtMost(Text2, 30, 118);
+  corrector.AtLeast(Text5, 5, 122);
+  // A number below 0 in one of these fields takes away the time, without a word. That is meant.
+  for (const platform::TextBox* field : {&Text6, &Text9, &Text10}) {
+    if (ValueOf(*field) < 0) Text5.set_text("0");
+  }
+  corrector.AtLeast(Text7, 1, 124);
+  corrector.AtMost(Text7, 150, 124);
+  corrector.AtLeast(Text8, 1, 125);
+  corrector.AtMost(Text8, 150, 125);
+  corrector.AtMost(Text11, kMostPermeable, 126);
+  corrector.Words(Text3, 120);
+  corrector.Words(Text4, 121);
+  if (!corrector.message().empty()) {
+    const std::string text = LangStr[180] + std::string(kLineBreak) + std::string(kLineBreak) + corrector.message();
+    platform::ShowMessageBox({text, Cp1250("Upozornění"), platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
+  }
+  forms_.frmMain->VlOK_Click();
+  Hide();
+}
+
+void FrmFormality::Command2_Click() { Hide(); }
+
+bool FrmFormality::Form_QueryUnload() { return true; }
+
+void FrmFormality::Inform(int titleRow, const std::string& text) const {
+  platform::ShowMessageBox(
+      {text, LangStr[static_cast<std::size_t>(titleRow)], platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
+}
+
+void FrmFormality::Command3_Click() {
+  std::string text = LangStr[134];
+  if (JeBonus(Text3.text())) text += std::string(kLineBreak) + Replaced(LangStr[135], "?1?", Text3.text());
+  Inform(133, text);
+}
+
+void FrmFormality::Command4_Click() { Inform(136, LangStr[137] + NumberText(forms_.frmMain->SpoctiDrh())); }
+
+void FrmFormality::Command5_Click() { Inform(138, LangStr[139]); }
+
+void FrmFormality::Command6_Click() { Inform(140, LangStr[141]); }
+
+void FrmFormality::Command7_Click() {
+  const int permeability = ValueOf(Text11);
+  std::string text = ":-)";  // for the 9 that nobody has corrected yet
+  if (permeability == 0) text = LangStr[144];
+  if (permeability == kMostPermeable) text = LangStr[145];
+  if (permeability > 0 && permeability < kMostPermeable) {
+    text = LangStr[143] + " 1:" + std::to_string(SlimeChances(permeability) - 1) + ".";
+  }
+  platform::ShowMessageBox({text, LangStr[142] + NumberText(permeability) + "?", platform::BoxButtons::kOk,
+                            platform::BoxIcon::kInformation});
+}
+
+void FrmFormality::Command8_Click() {
+  const Petrification sum =
+      EstimatePetrification(ValueOf(Text1), ValueOf(Text2), forms_.frmMain->NuOfOb('A'), ValueOf(Text8));
+  Inform(146, Replaced(Replaced(LangStr[147], " ?1?", NumberText(sum.cells)), " ?2?", NumberText(sum.seconds)));
+}
