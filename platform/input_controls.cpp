@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScrollBar>
 
@@ -26,6 +27,22 @@ void Dress(const Captioned& control, QAbstractButton& button) {
   }
   button.setPalette(palette);
 }
+
+/// Qt's own bar goes to the left on the right arrow: it takes that for the wheel.
+class ArrowBar : public QScrollBar {
+ public:
+  using QScrollBar::QScrollBar;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool sideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
+    if (orientation() == Qt::Horizontal && sideways) {
+      triggerAction(event->key() == Qt::Key_Right ? SliderSingleStepAdd : SliderSingleStepSub);
+    } else {
+      QScrollBar::keyPressEvent(event);
+    }
+  }
+};
 
 }  // namespace
 
@@ -72,7 +89,7 @@ void CheckBox::AppearanceChanged() {
 }
 
 ScrollBar::ScrollBar(Container* parent, Orientation orientation)
-    : Control(parent, new QScrollBar(orientation == Orientation::kHorizontal ? Qt::Horizontal : Qt::Vertical)) {
+    : Control(parent, new ArrowBar(orientation == Orientation::kHorizontal ? Qt::Horizontal : Qt::Vertical)) {
   auto* bar = static_cast<QScrollBar*>(widget());
   bar->setFocusPolicy(Qt::StrongFocus);
   bar->setRange(0, 100);

@@ -504,6 +504,11 @@ TEST(ControlsTest, ScrollBarKeepsItsRangeAndTellsRealChanges) {
   bar.set_max(10);
   user::Click(bar, 195, 8);
   EXPECT_EQ(bar.value(), 2) << "the arrow steps";
+  bar.SetFocus();
+  user::TapKey(kKeyRight);
+  user::TapKey(kKeyRight);
+  user::TapKey(kKeyLeft);
+  EXPECT_EQ(bar.value(), 3) << "to the right is more";
 }
 
 TEST(ControlsTest, CheckBoxClicksForTheUserOnly) {
