@@ -210,7 +210,10 @@ void Control::set_pointer(Pointer pointer) {
 void Control::BringToFront() { widget_->raise(); }
 void Control::SendToBack() { widget_->lower(); }
 void Control::Refresh() { widget_->repaint(); }
-void Control::SetFocus() { widget_->setFocus(); }
+void Control::SetFocus() {
+  Native::FocusChosen(widget_->window());
+  widget_->setFocus();
+}
 bool Control::has_focus() const { return widget_->hasFocus(); }
 
 void Control::set_tab_stop(bool on) {

@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QIcon>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QWindow>
@@ -53,6 +54,10 @@ class FormWindow : public Canvas {
  public:
   explicit FormWindow(Form* form) : form_(form) {}
 
+  /// Of a hidden form: what has the focus when it is shown again. Qt itself forgets it when the desktop is late and
+  /// activates the window just after it was hidden.
+  QPointer<QWidget> kept_focus;
+
  protected:
   void closeEvent(QCloseEvent* event) override {
     event->setAccepted(!form_->on_close_query || form_->on_close_query());
@@ -91,6 +96,10 @@ Form* Native::FormOf(const QObject* window) {
     if (Widget(*form)->windowHandle() == window) return form;
   }
   return nullptr;
+}
+
+void Native::FocusChosen(QWidget* window) {
+  if (auto* form = dynamic_cast<FormWindow*>(window)) form->kept_focus = nullptr;
 }
 
 bool Native::HandleKey(Form& form, KeyEvent event, bool down) { return form.HandleKey(event, down); }
@@ -142,11 +151,14 @@ void Form::set_window_state(WindowState state) {
 }
 
 void Form::set_visible(bool visible) {
-  QWidget* window = widget();
+  auto* window = static_cast<FormWindow*>(widget());
   if (!visible) {
+    if (window->isVisible()) window->kept_focus = window->focusWidget();
     window->hide();
     return;
   }
+  if (window->kept_focus) window->kept_focus->setFocus();
+  window->kept_focus = nullptr;
   if (!placed_) {
     placed_ = true;
     const QWidget* front = FrontWindow(window);

@@ -28,6 +28,8 @@ struct Native {
   static Control* ControlOf(const QWidget* widget);
   /// Calls the handlers of lost and got focus. Null: a widget that belongs to no control.
   static void FocusMoved(const QWidget* from, const QWidget* to);
+  /// The program gives the focus to a control of the window.
+  static void FocusChosen(QWidget* window);
   static bool TakesEnter(const Control& control) { return control.takes_enter(); }
   static bool HandleKey(Form& form, KeyEvent event, bool down);
 };

@@ -707,6 +707,7 @@ TEST(CampaignTest, AGameIsLeftAndRestarted) {
   user::TapKey(kKeyEscape);
   EXPECT_TRUE(overview.form().visible());
   EXPECT_FALSE(hra.visible());
+  EXPECT_TRUE(user::WaitUntil([&] { return overview.form().Command2.has_focus(); })) << "the focus is where it was";
   EXPECT_THAT(overview.States(), ElementsAre(Open, Locked));
 }
 
