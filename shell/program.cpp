@@ -31,11 +31,14 @@ Program::Program(std::string folder, std::string executable, std::string dataFol
       hra(folder, frmSettings),
       frmPoSt(folder, forms),
       frmStart2(folder, forms),
+      frmSada(folder, forms),
+      frmMain(folder, forms),
+      frmFormality(folder, forms),
       folder_(std::move(folder)),
       executable_(std::move(executable)),
       dataFolder_(std::move(dataFolder)) {
-  forms = {&frmSettings, &hra,        &frmAnalyze, &frmPoSt,  &frmStart2,
-           &frmDialog2,  &frmDialog3, &frmLoading, &frmSLang, &helpMenu.mnuHelpP};
+  forms = {&frmSettings, &hra,      &frmAnalyze,        &frmPoSt, &frmStart2, &frmDialog2,  &frmDialog3,
+           &frmLoading,  &frmSLang, &helpMenu.mnuHelpP, &frmSada, &frmMain,   &frmFormality};
   TieForms();
   if (static bool told = false; !std::exchange(told, true)) {
     OnSetLW([] {
@@ -52,7 +55,13 @@ Program::~Program() { running = nullptr; }
 void Program::TieForms() {
   hra.frmAnalyze = &frmAnalyze;
   hra.leave = [this] { ShowAfterGame(); };
-  hra.restartCave = [this] { frmPoSt.Command2_Click(); };
+  hra.restartCave = [this] {
+    if (hra.game.TestPlay) {
+      frmMain.HraRest();
+    } else {
+      frmPoSt.Command2_Click();
+    }
+  };
   hra.caveWon = [this] { frmPoSt.Prosel(); };
   hra.showSettings = [this] {
     frmSettings.SetSett();
@@ -69,7 +78,10 @@ void Program::TieForms() {
 }
 
 void Program::ShowAfterGame() {
-  if (hra.SetFile == kNoSet) {
+  if (hra.game.TestPlay) {
+    frmMain.SetLWEd();
+    frmMain.Show();
+  } else if (hra.SetFile == kNoSet) {
     frmStart2.List2_Click();  // a record from anywhere was played by nobody; the player is back now
     frmStart2.Show();
   } else {
@@ -85,6 +97,9 @@ void Program::Main() {
   frmStart2.FrmLoad();
   hra.FrmLoad();
   frmPoSt.FrmLoad();
+  frmSada.FrmLoad();
+  frmFormality.FrmLoad();
+  frmMain.FrmLoad();
   frmLoading.Hide();
   frmStart2.Show();
 }
@@ -104,4 +119,6 @@ void Program::SetLW() {
   helpMenu.SetLW();
   frmAbout.SetLW(frmStart2.Image7.picture());
   frmPoSt.SetLWPost();
+  frmSada.SetLW();
+  frmMain.SetLWEd();
 }

@@ -7,6 +7,9 @@
 #include "campaign/frm_post.h"
 #include "campaign/frm_settings.h"
 #include "campaign/frm_start2.h"
+#include "editor/frm_formality.h"
+#include "editor/frm_main.h"
+#include "editor/frm_sada.h"
 #include "shell/frm_about.h"
 #include "shell/frm_dialog2.h"
 #include "shell/frm_loading.h"
@@ -42,6 +45,9 @@ class Program {
   FrmLoading frmLoading;
   FrmSLang frmSLang;
   HelpMenu helpMenu;
+  FrmSada frmSada;
+  FrmMain frmMain;
+  FrmFormality frmFormality;
 
  private:
   void TieForms();

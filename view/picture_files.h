@@ -160,10 +160,19 @@ inline constexpr Extra kFacingUp = {"facing_up.svg", 50, 50};
 inline constexpr Extra kFacingRight = {"facing_right.svg", 50, 50};
 inline constexpr Extra kFacingDown = {"facing_down.svg", 50, 50};
 inline constexpr Extra kMagicMark = {"magic_mark.svg", 50, 50};
+// Around the palette of the editor: which button or keys draw a tile, and a sign beside what a cave lacks.
+inline constexpr Extra kMouseLeft = {"mouse_left.svg", 24, 24};
+inline constexpr Extra kMouseMiddle = {"mouse_middle.svg", 24, 24};
+inline constexpr Extra kMouseRight = {"mouse_right.svg", 24, 24};
+inline constexpr Extra kKeysLeft = {"keys_left.svg", 36, 24};
+inline constexpr Extra kKeysMiddle = {"keys_middle.svg", 76, 24};
+inline constexpr Extra kKeysRight = {"keys_right.svg", 76, 24};
+inline constexpr Extra kWarning = {"warning.svg", 24, 24};
 
-inline constexpr std::array<Extra, 22> kExtras = {
-    kBlesk, kBonus,      kReplay,   kIconClock,   kIconGem,    kIconNeed, kIconPoints,  kIconScore,
-    kLamp,  kStart,      kButton,   kContest,     kPlaque,     kLogo,     kLogoEnglish, kLogoRussian,
-    kApp,   kFacingLeft, kFacingUp, kFacingRight, kFacingDown, kMagicMark};
+inline constexpr std::array<Extra, 29> kExtras = {
+    kBlesk,      kBonus,      kReplay,     kIconClock,   kIconGem,    kIconNeed,  kIconPoints,  kIconScore,
+    kLamp,       kStart,      kButton,     kContest,     kPlaque,     kLogo,      kLogoEnglish, kLogoRussian,
+    kApp,        kFacingLeft, kFacingUp,   kFacingRight, kFacingDown, kMagicMark, kMouseLeft,   kMouseMiddle,
+    kMouseRight, kKeysLeft,   kKeysMiddle, kKeysRight,   kWarning};
 
 }  // namespace picture
