@@ -9,6 +9,8 @@ namespace {
 constexpr int kLoadWidth = 61;  // cells that are emptied before the first cave
 constexpr int kLoadHeight = 31;
 constexpr int kHighestMask = 4;
+/// Seconds that a cave text can be written with. One that was not written by an editor can be read with ten more.
+constexpr std::int16_t kLongestTime = 10 * kLargestSmallNumber + 9;
 
 int Whole(double number) { return static_cast<int>(number); }  // of numbers from 0
 
@@ -24,6 +26,7 @@ void CaveEdit::FrmLoad() {
 
 void CaveEdit::Open(const std::string& caveText) {
   EdKomnata = ParseCaveText(caveText);
+  EdKomnata.Time = std::min(EdKomnata.Time, kLongestTime);
   SetRozm();
   AmoebaCount = NuOfOb(Tag(kPaletteAmoeba));
 }

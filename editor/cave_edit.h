@@ -41,8 +41,8 @@ class CaveEdit {
 
   /// Empties the grid as it is before the first cave.
   void FrmLoad();
-  /// Takes a cave over, brings its size within the limits and counts its amoeba. Throws Fault when the text is damaged;
-  /// the cave before stands then.
+  /// Takes a cave over, brings its size and time within their limits and counts its amoeba. Throws Fault when the text
+  /// is damaged; the cave before stands then.
   void Open(const std::string& caveText);
   /// The cave as text. Throws Fault when its name or description is too long for it.
   std::string Text() const;

@@ -40,8 +40,9 @@ class Desk {
     try {
       Open(caveText);
     } catch (const Fault&) {
-      CheckText();
+      // The cave before stands.
     }
+    Check();
   }
 
   void Do(const Action& action) {

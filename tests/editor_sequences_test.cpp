@@ -32,4 +32,12 @@ TEST(EditSequenceTest, NothingAnAuthorDoesSpoilsTheCave) {
   }
 }
 
+TEST(EditSequenceTest, ACaveThatNoEditorWroteCanBeWrittenAgain) {
+  std::string text = BuildCaveText(ParseCaveText(CaveTemplate(NewCave::kSmall)));
+  const std::size_t time = text.size() - 19 * 11 - 8;  // behind both sizes, before five numbers and the cells
+  text.replace(time, 2, "\xFF\xFF");
+  ASSERT_EQ(ParseCaveText(text).Time, 1919);
+  EXPECT_NO_THROW(CheckEdit(text));
+}
+
 }  // namespace
