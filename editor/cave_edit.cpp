@@ -69,6 +69,7 @@ void CaveEdit::Dog_Click(int number) {
 }
 
 bool CaveEdit::Choose(int button, int palette) {
+  if (button != 1 && button != 2 && button != 4) return false;
   int& chosen = VybranyObjekt.at(static_cast<std::size_t>(button));
   if (chosen == palette) return false;
   chosen = palette;

@@ -57,7 +57,8 @@ class CaveEdit {
 
   /// Another hero number, 0 to 9, for the palette's hero.
   void Dog_Click(int number);
-  /// The tile for a mouse button (1 left, 2 right, 4 middle). False when it has that tile already.
+  /// The tile for a mouse button (1 left, 2 right, 4 middle). False when it has that tile already, and for any other
+  /// button.
   bool Choose(int button, int palette);
   /// Paints the cell at a place of the canvas, in logical pixels, with the tile of a mask of buttons.
   void EditKom_MouseMove(int button, int x, int y);

@@ -321,7 +321,9 @@ void FrmMain::SetLWEd() {
   for (std::size_t i = 0; i < mnuReplEvery.size(); ++i) mnuReplEvery[i].set_caption(LangStr[187 + i]);
   for (std::size_t i = 0; i < mnuReplRan.size(); ++i) mnuReplRan[i].set_caption(LangStr[189 + i]);
   EditKom.set_accessible_name(LangStr[185]);
-  Label1.set_accessible_name(LangStr[148 + kPaletteAmoeba]);
+  Label1.set_tool_tip(LangStr[148 + kPaletteAmoeba]);
+  HScroll1.set_accessible_name(LangStr[117]);
+  VScroll1.set_accessible_name(LangStr[118]);
   NameCounts();
   ShowHero(edit.AktualniPes);  // the hero's name is that of the language, its number the one chosen
   Command2.set_accessible_name(HeroName);

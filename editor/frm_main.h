@@ -133,7 +133,7 @@ class FrmMain : public platform::Form {
   void ShowCursor(bool visible);
   void DrawAtCursor(int button);
   int FocusedTile() const;
-  void FocusTile(int palette);
+  void StopAtTile(int palette);
 
   std::string folder_;
   const Forms& forms_;

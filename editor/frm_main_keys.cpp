@@ -163,11 +163,12 @@ int FrmMain::FocusedTile() const {
   return -1;
 }
 
-/// Tab stops at one tile only, the one that had the focus last.
-void FrmMain::FocusTile(int palette) {
+/// Tab stops at one tile only, the one that had the focus last. It does so behind the canvas and its bars.
+void FrmMain::StopAtTile(int palette) {
   for (auto& tile : imgS) tile->set_tab_stop(false);
-  imgS[static_cast<std::size_t>(palette)]->set_tab_stop(true);
-  imgS[static_cast<std::size_t>(palette)]->SetFocus();
+  platform::Image& stop = *imgS[static_cast<std::size_t>(palette)];
+  stop.set_tab_stop(true);
+  stop.set_tab_after(VScroll1);
 }
 
 bool FrmMain::PaletteKey(const platform::KeyEvent& event) {
@@ -190,7 +191,9 @@ bool FrmMain::PaletteKey(const platform::KeyEvent& event) {
   const Step step = StepOf(event.code);
   row = std::clamp(row + step.y, 0, 1);
   column = std::clamp(column + step.x, 0, columns);
-  FocusTile(column == columns ? kPaletteHero
-                              : kPaletteRows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
+  const int next =
+      column == columns ? kPaletteHero : kPaletteRows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+  StopAtTile(next);
+  imgS[static_cast<std::size_t>(next)]->SetFocus();
   return true;
 }

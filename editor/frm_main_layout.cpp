@@ -62,7 +62,7 @@ void FrmMain::MakePalette() {
     tile->set_pointer(platform::Pointer::kHand);
     tile->on_mouse_down = [this, i](const platform::MouseEvent& event) { imgS_MouseDown(i, event.button); };
   }
-  imgS[kPaletteGem]->set_tab_stop(true);
+  StopAtTile(kPaletteGem);
   const platform::Colour colours[] = {kLeftColour, kRightColour, {}, kMiddleColour};
   for (const std::size_t i : {0u, 1u, 3u}) {
     Shape1[i] = std::make_unique<platform::Shape>(this);
@@ -101,6 +101,7 @@ void FrmMain::MakeControls() {
   HScroll1.set_large_change(3);
   VScroll1.set_large_change(3);
   Label1.on_mouse_down = [this](const platform::MouseEvent& event) { imgS_MouseDown(kPaletteAmoeba, event.button); };
+  Label1.set_pointer(platform::Pointer::kHand);
   Command2.set_caption("1-9");
   Command2.set_font({12, true, false, false});
   Command2.on_click = [this] { Command2_Click(); };

@@ -141,6 +141,7 @@ TEST(CaveEdit, ButtonsDrawTheirTiles) {
   canvas.Pick(kPaletteGem, kPaletteAmoeba);
   canvas.edit.Choose(kMiddle, kPaletteDirt);
   EXPECT_FALSE(canvas.edit.Choose(kMiddle, kPaletteDirt));
+  for (const int none : {0, kBoth, 8}) EXPECT_FALSE(canvas.edit.Choose(none, kPaletteGem));
   canvas.Press(kLeft, 1, 1);
   canvas.Press(kRight, 2, 1);
   canvas.Press(kMiddle, 3, 1);
