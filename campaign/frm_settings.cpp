@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "base/lang_str.h"
+#include "platform/keys.h"
 #include "shell/registry_values.h"
 
 namespace {
@@ -31,6 +32,9 @@ FrmSettings::FrmSettings() {
   Command1.set_caption("OK");
   Command1.on_click = [this] { Command1_Click(); };
   set_default_button(&Command1);
+  on_key_down = [this](platform::KeyEvent& event) {
+    if (event.code == platform::kKeyEscape) Close();
+  };
   Place();
 }
 

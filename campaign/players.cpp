@@ -76,7 +76,7 @@ bool MakePlayer(const std::string& player) {
   const std::string folder = PlayerFolder(player);
   if (!FindPath(folder).empty()) return false;
   std::error_code error;
-  return std::filesystem::create_directory(folder, error);
+  return std::filesystem::create_directories(folder, error);
 }
 
 std::string RecordName(const std::string& setName, const std::string& caveName) {

@@ -239,6 +239,8 @@ TEST(PlayersTest, AreFoldersInOrderOfTheirNames) {
   EXPECT_FALSE(MakePlayer("")) << "the folder of all players";
   EXPECT_FALSE(MakePlayer(".."));
   EXPECT_FALSE(MakePlayer("  ")) << "nobody could tell this player from none";
+  fs::remove_all(CestaHraci);
+  EXPECT_TRUE(MakePlayer("Eva")) << "with the folder of all players";
 }
 
 TEST(RecordsTest, TellWhoseTheyAreAndWhetherTheyAreOfThisCave) {
@@ -383,6 +385,8 @@ TEST(StartTest, RoundButtonsAreRoundAndThePanelClosesByItself) {
   EXPECT_TRUE(start.Picture1.visible());
   EXPECT_FALSE(start.Image1.visible() || start.Label8_4.visible());
   EXPECT_FALSE(InWindow(start, 140, 384));
+  EXPECT_FALSE(start.Command3.enabled()) << "there is no set";
+  ExpectFault([&] { start.Command3_Click(); }, "", "No cave set");
 
   user::MoveMouse(start.Image4, 40, 40);
   EXPECT_TRUE(start.Timer1.enabled());
@@ -790,6 +794,15 @@ TEST(SettingsTest, LastFromOneStartToTheNext) {
   }});
   desk.program->hra.Command4_Click();
   EXPECT_EQ(desk.program->hra.tmrHra.interval(), 121);
+  int shown = 0;
+  InTurn({[&] {
+    shown = settings.HScroll1.value();
+    settings.HScroll1.set_value(10);
+    user::TapKey(kKeyEscape);
+  }});
+  desk.program->hra.Command4_Click();
+  EXPECT_EQ(shown, 4);
+  EXPECT_EQ(settings.Rychlost, 7) << "closed without its button the dialog takes nothing over";
   desk.Run();
   const FrmSettings& again = desk.program->frmSettings;
   EXPECT_EQ(again.Rychlost, 7);
