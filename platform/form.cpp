@@ -162,11 +162,12 @@ void Form::set_visible(bool visible) {
   if (!placed_) {
     placed_ = true;
     const QWidget* front = FrontWindow(window);
-    const QRect around = front ? front->geometry() : QApplication::primaryScreen()->availableGeometry();
+    const QRect screen = QApplication::primaryScreen()->availableGeometry();
+    const QRect around = front ? front->geometry() : screen;
     QRect place(QPoint(), window->size());
     place.moveCenter(around.center());
     constexpr int kTitleBar = 30;  // about what the desktop adds on top
-    place.moveTop(std::min(place.top(), around.bottom() + 1 - place.height() - kTitleBar));
+    place.moveTop(std::min(place.top(), screen.bottom() + 1 - place.height() - kTitleBar));
     window->move(std::max(place.left(), 0), std::max(place.top(), 0));
   }
   if (window->isVisible()) window->raise();
