@@ -247,7 +247,7 @@ void FrmStart2::AnotherRepl(const std::string& path) {
 }
 
 void FrmStart2::Image5_MouseDown(int button, int x, int y) {
-  if (Hits(button, x, y) && openEditor_) openEditor_();
+  if (Hits(button, x, y)) openEditor();
 }
 
 void FrmStart2::Image6_MouseDown(int button, int x, int y) {

@@ -62,8 +62,7 @@ class FrmStart2 : public platform::Form {
   void Timer1_Timer();
   void Form_KeyDown(platform::KeyEvent& event);
 
-  /// Opens the set editor with a new set. Without it the editor's button is dimmed.
-  void set_open_editor(std::function<void()> openEditor);
+  std::function<void()> openEditor;  // shows the set editor with a new set
 
   std::vector<std::string> File1;  // paths of the sets, row by row those of List1
 
@@ -107,7 +106,6 @@ class FrmStart2 : public platform::Form {
   void FindLanguage();
   bool AskForPlayer();
   void ShowPanel(bool open);
-  void ShowWhetherEditorIsThere();
   void MakeControls();
   void LoadPictures();
   void Place();
@@ -116,6 +114,5 @@ class FrmStart2 : public platform::Form {
 
   std::string folder_;
   const Forms& forms_;
-  std::function<void()> openEditor_;
   platform::MouseEvent grip_;  // where the mouse holds the window
 };

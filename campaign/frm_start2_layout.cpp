@@ -65,7 +65,6 @@ FrmStart2::FrmStart2(const std::string& programFolder, const Forms& forms)
   LoadPictures();
   Place();
   PlacePanel();
-  set_open_editor({});
 }
 
 void FrmStart2::MakeControls() {
@@ -227,24 +226,6 @@ void FrmStart2::FrmLoad() {
   Label1.SetFocus();
 }
 
-void FrmStart2::set_open_editor(std::function<void()> openEditor) {
-  openEditor_ = std::move(openEditor);
-  ShowWhetherEditorIsThere();
-}
-
-void FrmStart2::ShowWhetherEditorIsThere() {
-  constexpr int kCzech = 1;
-  const bool there = static_cast<bool>(openEditor_);
-  const std::string why = there                  ? ""
-                          : LogoNumber == kCzech ? Cp1250("Editor zatím není součástí hry.")
-                                                 : "The editor is not part of the game yet.";
-  Label3.set_tab_stop(there);
-  Label3.set_fore_colour(there ? std::nullopt : std::optional(platform::Application::theme().muted_text));
-  Label3.set_pointer(there ? platform::Pointer::kHand : platform::Pointer::kArrow);
-  Label3.set_tool_tip(why);
-  Image5.set_tool_tip(why);
-}
-
 void FrmStart2::SetLW() {
   Label1.set_caption(LangStr[0]);
   Label2.set_caption(" " + LangStr[1]);
@@ -262,7 +243,6 @@ void FrmStart2::SetLW() {
   List1.set_accessible_name(LangStr[5]);
   List2.set_accessible_name(LangStr[4]);
   set_caption(HeroName);
-  ShowWhetherEditorIsThere();
   const std::array<const platform::Image*, 3> logos = {&Image11, &Image12, &Image13};
   if (LogoNumber >= 1) Image7.set_picture(logos.at(static_cast<std::size_t>(LogoNumber) - 1)->picture());
 }

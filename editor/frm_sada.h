@@ -97,6 +97,7 @@ class FrmSada : public platform::Form, public EditedSet {
   platform::Frame List1{this};       // takes the keys of the list
   platform::Frame Picture1{&List1};  // shows seventeen rows of Picture2
   platform::Frame Picture2{&Picture1};
+  platform::Shape shpAktK{&Picture2};  // ground of the selected row's number
   platform::ScrollBar VScroll1{&List1, platform::Orientation::kVertical};
   platform::Label Label4{this};
   platform::TextBox Text3{this};  // name of the set

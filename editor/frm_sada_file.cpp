@@ -16,16 +16,21 @@
 
 namespace {
 
-/// The window that stands in front during long work, for as long as this exists.
+/// The window that stands in front of a form during long work, for as long as this exists; then the form has the input
+/// again.
 class Working {
  public:
-  explicit Working(FrmLoading& form) : form_(form) { form_.ShowNow(); }
-  ~Working() { form_.Hide(); }
+  Working(FrmLoading& front, platform::Form& form) : front_(front), form_(form) { front_.ShowNow(); }
+  ~Working() {
+    front_.Hide();
+    form_.Show();
+  }
   Working(const Working&) = delete;
   Working& operator=(const Working&) = delete;
 
  private:
-  FrmLoading& form_;
+  FrmLoading& front_;
+  platform::Form& form_;
 };
 
 std::string SetFilter() { return platform::FileFilter(LangStr[56] + " (*.zb)", "*.zb"); }
@@ -87,7 +92,7 @@ void FrmSada::OpenColl(const std::string& path) {
   EditedSet read = *this;  // a file that leaves numbers out leaves the caves there as they are
   OpenResult result = OpenResult::kOpened;
   {
-    const Working working(*forms_.frmLoading);
+    const Working working(*forms_.frmLoading, *this);
     result = ::OpenColl(path, read);
     if (result == OpenResult::kOpened) CheckCaves(path, read);
   }
@@ -134,7 +139,7 @@ bool FrmSada::TryToSave(const std::string& path) {
 }
 
 void FrmSada::SaveColl(const std::string& path) {
-  const Working working(*forms_.frmLoading);
+  const Working working(*forms_.frmLoading, *this);
   ::SaveColl(path, *this);
 }
 

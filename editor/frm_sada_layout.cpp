@@ -104,6 +104,7 @@ void FrmSada::Place() {
   List1.set_back_colour(theme.field);
   Picture1.SetBounds(kPad, kPad, kRowWidth, kRowsShown * kRow);
   Picture2.SetBounds(0, 0, kRowWidth, kHighestCaveNumber * kRow);
+  shpAktK.set_line_width(0);
   VScroll1.SetBounds(kListWidth - kPad - kBarWidth, kPad, kBarWidth, kRowsShown * kRow);
   VScroll1.set_large_change(kRowsShown);
 

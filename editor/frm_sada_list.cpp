@@ -6,6 +6,7 @@
 #include "cave/cave_text.h"
 #include "editor/frm_sada.h"
 #include "editor/frm_sada_rows.h"
+#include "platform/application.h"
 #include "platform/keys.h"
 
 namespace {
@@ -45,9 +46,14 @@ void FrmSada::lblCave_Click(int i) {
 
 void FrmSada::MarkRow(int i, bool selected) {
   if (i == 0) return;
-  for (Column* column : {&lblNum, &lblCave, &lblPoc}) {
-    (*column)[static_cast<std::size_t>(i)]->set_back_colour(selected ? std::optional(kSelected) : std::nullopt);
-  }
+  const auto row = static_cast<std::size_t>(i);
+  const auto ground = selected ? std::optional(kSelected) : std::nullopt;
+  lblCave[row]->set_back_colour(ground);
+  lblPoc[row]->set_back_colour(ground);
+  const platform::Theme& theme = platform::Application::theme();
+  lblNum[row]->set_fore_colour(selected ? theme.text : theme.muted_text);
+  shpAktK.set_back_colour(kSelected);
+  shpAktK.SetBounds(0, lblCave[row]->top(), lblCave[row]->left(), kRow);
 }
 
 // A flag alone is no change to be asked about. That is meant.

@@ -49,6 +49,9 @@ class EventTap : public QObject {
   EventTap(QWidget* target, Control* control) : QObject(target), control_(control) { target->installEventFilter(this); }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
+    // Qt asks here first and only then whether the widget is enabled.
+    const auto* mouse = dynamic_cast<QMouseEvent*>(event);
+    if (mouse && !control_->widget_->isEnabled()) return false;
     switch (event->type()) {
       case QEvent::MouseButtonPress:
       case QEvent::MouseButtonDblClick:

@@ -74,6 +74,11 @@ void Program::TieForms() {
   };
   frmSettings.settingsTaken = [this] { hra.SetSpeed(); };
   helpMenu.showAbout = [this] { frmAbout.ShowModal(); };
+  frmStart2.openEditor = [this] {
+    frmSada.Show();
+    frmStart2.Hide();
+    frmSada.mnuNew_Click();
+  };
   frmSLang.showStart = [this] { frmStart2.Show(); };
 }
 
