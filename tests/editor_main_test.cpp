@@ -20,7 +20,6 @@
 
 using namespace platform;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 
 namespace {
 
@@ -188,8 +187,15 @@ TEST(CaveEditor, OffersRandomReplacementsWhereSoManyCellsExist) {
   EXPECT_EQ(form.edit.NuOfOb('A'), 10);
   EXPECT_EQ(form.Label1.caption(), "10");
   EXPECT_EQ(editor.Shown(5, 2), editor.Tile(kPaletteAmoeba));
+  editor.Pick(9);
+  editor.Pick(kPaletteAmoeba, kRightButton);
+  user::PaintedPixels();
+  form.mnuReplRan[2].Click();
+  const int ratio = Application::PixelRatio();
+  EXPECT_GE(user::PaintedPixels(), 5LL * kCell * kCell * ratio * ratio) << "each of five cells is shown at once";
+  EXPECT_EQ(form.Label1.caption(), "5");
   form.mnuOkraj.Click();
-  EXPECT_EQ(form.Label1.caption(), "10") << "the border does not count";
+  EXPECT_EQ(form.Label1.caption(), "5") << "the border does not count";
   form.mnuRestore.Click();
   EXPECT_EQ(form.edit.NuOfOb(';'), 19 * 11);
   EXPECT_EQ(form.Label1.caption(), "0");
