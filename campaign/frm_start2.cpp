@@ -103,7 +103,7 @@ void FrmStart2::FindColls() {
   if (OwnSets != CestaKomnaty) folders.push_back(OwnSets);
   for (const std::string& folder : folders) {
     for (const std::string& file : ListFiles(folder, ".zb")) {
-      File1.push_back(std::string(folder).append("/").append(file));
+      File1.push_back(std::string(folder).append(file));  // the folders end in a slash
       List1.Add(ReadSetName(File1.back()).append(" (").append(FromUtf8(file, CodePage::k1250)).append(")"));
     }
   }

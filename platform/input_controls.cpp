@@ -94,6 +94,8 @@ ScrollBar::ScrollBar(Container* parent, Orientation orientation)
   bar->setFocusPolicy(Qt::StrongFocus);
   bar->setRange(0, 100);
   bar->setPageStep(1);
+  // Inverted, as Qt has it, the left arrow would move a bar to the right.
+  bar->setInvertedControls(orientation == Orientation::kVertical);
   QObject::connect(bar, &QScrollBar::valueChanged, [this] {
     if (on_change) on_change();
   });

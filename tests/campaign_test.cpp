@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <iostream>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -594,10 +596,42 @@ TEST(OverviewTest, NamesTheDamagedFile) {
   desk.AddSet("b.zb", SetOf("Sada", {"A"}));
   const std::string record = desk.Make("game/Hráči/Karel/sada - a.zbr", "ABC\r\nABC\r\n");
   FrmStart2& start = desk.Start().frmStart2;
-  ExpectFault([&] { start.Command3_Click(); }, CestaKomnaty + "/a.zb", "ends before its line 2");
+  ExpectFault([&] { start.Command3_Click(); }, CestaKomnaty + "a.zb", "ends before its line 2");
   EXPECT_FALSE(desk.program->frmLoading.visible()) << "it would hide the message";
   start.List1.set_list_index(1);
   ExpectFault([&] { start.Command3_Click(); }, record, "line 3 is missing");
+}
+
+/// What all files in a folder hold, by their names.
+std::map<std::string, std::string> Contents(const std::string& folder) {
+  std::map<std::string, std::string> contents;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    if (entry.is_regular_file()) contents[entry.path().string()] = ReadFile(entry.path().string());
+  }
+  return contents;
+}
+
+TEST(OverviewTest, ADamagedFileEndsTheProgramWithABoxAndNothingIsLost) {
+  Desk desk;
+  desk.AddPlayer("Karel");
+  desk.Make("game/Komnaty/a.zb", Scramble("ESada") + "\r\n");
+  desk.AddSet("b.zb", SetOf("Sada", {"A", "B"}));
+  desk.AddRecord("Karel", "Sada", "A", "Karel", 111, WonByOneStep("A") + "---01");
+  desk.Make("game/Hráči/Karel/sada - b.zbr", "ABC\r\nABC\r\n");
+  FrmStart2& start = desk.Start().frmStart2;
+  user::Click(start.Image3, 70, 30);
+  const auto before = Contents(desk.path());
+  const auto play_selected = [&] {
+    SetBoxResponder([](const MessageBox& box) {
+      std::cerr << (box.icon == BoxIcon::kCritical ? "Box: " : "") << Utf8(box.text) << std::endl;
+      return BoxAnswer::kOk;
+    });
+    user::Click(start.Command3);
+  };
+  EXPECT_EXIT(play_selected(), ::testing::ExitedWithCode(1), "Box: .*/game/Komnaty/a.zb: .*line 2");
+  start.List1.set_list_index(1);
+  EXPECT_EXIT(play_selected(), ::testing::ExitedWithCode(1), "Box: .*/Karel/sada - b.zbr: .*line 3");
+  EXPECT_EQ(Contents(desk.path()), before);
 }
 
 // ------------------------------------------------------------------------------------------------------ Playing a set
@@ -786,8 +820,9 @@ TEST(SettingsTest, LastFromOneStartToTheNext) {
   desk.Start();
   FrmSettings& settings = desk.program->frmSettings;
   InTurn({[&] {
-    settings.HScroll1.set_value(4);
-    settings.HScroll2.set_value(9);
+    user::TapKey(kKeyRight);
+    user::TapKey(kKeyTab);
+    user::TapKey(kKeyLeft);
     user::Click(settings.Check1, 8, 13);
     user::Click(settings.Check4, 8, 13);
     user::TapKey(kKeyEnter);
