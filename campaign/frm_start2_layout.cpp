@@ -210,6 +210,7 @@ void FrmStart2::PlacePanel() {
   Label6.SetBounds(kLeft, 86, kList, 18);
   Command2.SetBounds(kLeft + kInner - kSide, 78, kSide, 28);
   List1.SetBounds(kLeft - 6, 108, kInner + 12, 84);
+  List1.set_font({13, false, false, false});  // room for a name and its file
   Command3.SetBounds(42, 196, kPanel.width - 84, 33);
   Picture1.set_visible(false);
 }
