@@ -107,6 +107,9 @@ struct Application::Desktop {
 Application::Application(int& argc, char** argv, const std::string& name, const Theme& theme)
     : desktop_(new Desktop(argc, argv)) {
   State().theme = theme;
+  // Every place that the mouse reports counts: who draws leaves a trail of them. Set when the application is there, for
+  // the desktop's part of it turns it on.
+  QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   QCoreApplication::setApplicationName(QString::fromStdString(name));
   // Forms are hidden and shown in turn; Form decides when nothing is left.
   QGuiApplication::setQuitOnLastWindowClosed(false);
