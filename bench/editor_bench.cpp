@@ -1,7 +1,7 @@
 // What the cave editor costs on the largest cave that it takes, 80 by 50 cells, on the offscreen platform: a cell drawn
 // by the mouse, opening the cave, replacing every cell. All include what is painted on the window. An operation over
-// the whole cave lets its run be seen, so its time is one that was chosen; ReplaceEveryCellWork is the
-// same without a window.
+// the whole cave lets its run be seen, so its time is one that was chosen; ReplaceEveryCellWork is the same without a
+// window.
 
 #include <benchmark/benchmark.h>
 

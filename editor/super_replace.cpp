@@ -54,3 +54,8 @@ std::string SuperReplace(std::string_view text, CodePage page) {
   if (!corrected.empty()) corrected.replace(0, 1, ToUpper(std::string_view(corrected).substr(0, 1), page));
   return corrected;
 }
+
+std::string EMid(std::string_view text, int start, int length) {
+  if (static_cast<int>(text.size()) - (start - 1) - length < 0) return {};
+  return std::string(text.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(length)));
+}

@@ -9,3 +9,7 @@
 /// letter. The words are Czech and English ones in code page 1250, whichever language is in force. page: that of the
 /// text, for its capital.
 std::string SuperReplace(std::string_view text, CodePage page = CodePage::k1250);
+
+/// So many characters from the start-th on, the first being 1, when the text has all of them; otherwise nothing.
+/// Nobody asks. start: from 1 on, length: from 0 on.
+std::string EMid(std::string_view text, int start, int length);

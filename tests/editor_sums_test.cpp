@@ -36,6 +36,13 @@ TEST(SuperReplaceTest, RemovesBlanksAroundAndBeginsWithACapital) {
   EXPECT_EQ(ToUtf8(SuperReplace(FromUtf8("чудо", CodePage::k1251), CodePage::k1251), CodePage::k1251), "Чудо");
 }
 
+TEST(SuperReplaceTest, PartsOfATextAreWholeOrNothing) {
+  EXPECT_EQ(EMid("jeskyně", 1, 3), "jes");
+  EXPECT_EQ(EMid("abc", 2, 2), "bc");
+  EXPECT_EQ(EMid("abc", 2, 3), "") << "not the two that there are";
+  EXPECT_EQ(EMid("abc", 4, 0), "");
+}
+
 TEST(CaveSumsTest, ReadNumbersAtTheBeginningOfATextAndWriteThemWithABlank) {
   EXPECT_EQ(NumberOf(""), 0);
   EXPECT_EQ(NumberOf("007"), 7);
