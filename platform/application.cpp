@@ -77,6 +77,8 @@ class KeyTap : public QObject {
       }
       return false;
     }
+    // Qt drops what comes to a window behind a modal one, the release of a key too.
+    if (event->type() == QEvent::WindowBlocked) ReleaseAllKeys();
     // A key comes to its window first and from there to the widget with the focus: here it counts once, at the window.
     if ((event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) || !receiver->isWindowType()) {
       return false;

@@ -187,6 +187,16 @@ TEST(KeysTest, LosingTheInputLetsAllGo) {
   user::ReleaseKey(kKeyLeft);
 }
 
+TEST(KeysTest, AModalFormLetsAllGoSinceTheReleaseIsLostBehindIt) {
+  ShownForm form;
+  Form dialog;
+  user::PressKey(kKeyCtrl);
+  Held(kKeyCtrl);
+  user::WhenFront([&] { dialog.Close(); });
+  dialog.ShowModal();
+  EXPECT_FALSE(Held(kKeyCtrl));
+}
+
 TEST(KeysTest, KeysGoToTheGameAndLeaveTheFocusAlone) {
   ShownForm form;
   Button first(&form);
