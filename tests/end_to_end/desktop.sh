@@ -48,11 +48,16 @@ text() { sed -n "s/^$1 \"\(.*\)\"\$/\1/p" "$folder/../../data/jazyk/$language.tx
 
 title() { xdotool getactivewindow getwindowname 2>/dev/null || true; }
 has_title() { [ "$(title)" = "$1" ]; }
+lacks_title() { ! has_title "$1"; }
 # stage NUMBER-NAME TITLE [WHAT]: waits until a window with this title is the active one and what is seen (the whole screen,
 # if nothing is given) is at rest, and keeps a picture of the screen.
 stage() {
   until_true "the window \"$2\"" has_title "$2"
-  until_true 'the screen to come to rest' at_rest "${3:-screen_content}"
+  if [ $# -gt 2 ]; then
+    until_true 'the view to come to rest' at_rest "$3"
+  else
+    until_true 'the screen to come to rest' screen_at_rest
+  fi
   import -window root "$pictures/$1.png"
   echo "$1: $2"
 }
@@ -85,6 +90,17 @@ at_rest() {
     [ "$($1)" = "$seen" ] || return 1
   done
 }
+# True when most of five looks at the screen saw what the last one saw: a caret may blink meanwhile.
+screen_at_rest() {
+  seen=''
+  for _ in 1 2 3 4 5; do
+    now=$(screen_content)
+    seen="$seen$now
+"
+    sleep 0.1
+  done
+  [ "$(printf '%s' "$seen" | grep -cxF "$now")" -ge 3 ]
+}
 
 # start_desktop BUILD PICTURES [LANGUAGE]: a screen, a window manager, and the program's files in $home/game.
 start_desktop() {
@@ -108,7 +124,10 @@ start_desktop() {
   trap 'exit 1' INT TERM
 
   mkfifo "$home/display"
-  Xvfb -displayfd 3 -screen 0 "$((1024 * ratio))x$((768 * ratio))x24" -nolisten tcp 3>"$home/display" 2>/dev/null &
+  # Without -noreset the screen starts anew whenever the last program leaves it, and takes the window manager that is just
+  # about to come with it.
+  Xvfb -displayfd 3 -screen 0 "$((1024 * ratio))x$((768 * ratio))x24" -nolisten tcp -noreset \
+    3>"$home/display" 2>/dev/null &
   screen=$!
   read -r number <"$home/display"
   mkdir -m 700 "$home/run"
