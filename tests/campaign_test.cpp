@@ -25,6 +25,7 @@
 #include "cave/names.h"
 #include "cave/scramble.h"
 #include "cave/set_file.h"
+#include "desk.h"
 #include "engine/recording.h"
 #include "fault_check.h"
 #include "platform/application.h"
@@ -49,8 +50,6 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::string kData = ZORBIK_PROGRAM_DATA;
-
-std::string Utf8(const std::string& text) { return ToUtf8(text, CodePage::k1250); }
 
 /// A cave that is won by a step to the right in its first ticks: 100 points for its gem-less exit come from the time.
 std::string WonByOneStep(const std::string& name, int seconds = 100) {
@@ -85,38 +84,6 @@ std::vector<std::string> Names(int count) {
   std::vector<std::string> names;
   for (int i = 1; i <= count; ++i) names.push_back("Komnata " + std::to_string(i));
   return names;
-}
-
-/// Answers boxes while it exists and keeps what they said.
-class Boxes {
- public:
-  explicit Boxes(std::vector<BoxAnswer> answers = {}) : answers_(std::move(answers)) {
-    SetBoxResponder([this](const MessageBox& box) {
-      texts.push_back(Utf8(box.title + ": " + box.text));
-      if (next_ < answers_.size()) return answers_[next_++];
-      return box.buttons == BoxButtons::kOk ? BoxAnswer::kOk : BoxAnswer::kNo;
-    });
-  }
-  ~Boxes() { SetBoxResponder({}); }
-  Boxes(const Boxes&) = delete;
-  Boxes& operator=(const Boxes&) = delete;
-
-  std::vector<std::string> texts;
-
- private:
-  std::vector<BoxAnswer> answers_;
-  std::size_t next_ = 0;
-};
-
-/// Does these things one after another, each with the box or dialog that is then in front.
-void InTurn(std::vector<std::function<void()>> actions) {
-  if (actions.empty()) return;
-  user::WhenFront([actions = std::move(actions)]() mutable {
-    const auto first = actions.front();
-    actions.erase(actions.begin());
-    first();
-    InTurn(std::move(actions));
-  });
 }
 
 /// A folder with the program's data, and a store of its own for the settings.
