@@ -245,6 +245,7 @@ void FrmMain::VlOK_Click() {
 void FrmMain::Label8_Click() {
   Ram.SetFocus();
   platform::Application::ProcessEvents();
+  if (!visible()) return;  // an event that waited has closed the editor, or started the test play
   FormHra& hra = *forms_.hra;
   hra.PlayerName = LangStr[177];
   hra.SetName = forms_.frmSada->Text3.text();

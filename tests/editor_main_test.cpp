@@ -13,6 +13,7 @@
 #include "cave/cave_text.h"
 #include "platform/application.h"
 #include "platform/keys.h"
+#include "platform/message_box.h"
 #include "platform/registry.h"
 #include "platform/testing.h"
 #include "shell/program.h"
@@ -386,6 +387,29 @@ TEST(CaveEditor, StartsATestPlayWithoutHeroAndExit) {
   EXPECT_TRUE(user::WaitUntil([&] { return user::HasInput(editor.form); }));
 }
 
+TEST(CaveEditor, AFaultOfTheRulesEndsTheTestPlayAlone) {
+  CaveRecord cave = Winnable();
+  cave.Cell(2, 2) = ';';
+  cave.Cell(0, 2) = '1';
+  Editor editor(cave);
+  Hra& game = editor.program.hra.game;
+  user::TapKey(kF + 5);
+  ASSERT_TRUE(user::WaitUntil([&] { return user::HasInput(editor.program.hra); }));
+  std::string told;
+  SetBoxResponder([&told](const MessageBox& box) {
+    told = box.text;
+    return BoxAnswer::kOk;
+  });
+  game.Tiles(-1, 2) = RedGem;  // as a teleport of a larger cave leaves it
+  user::PressKey(kKeyLeft);
+  EXPECT_TRUE(user::WaitUntil([&] { return user::HasInput(editor.form); }));
+  user::ReleaseKey(kKeyLeft);
+  SetBoxResponder({});
+  EXPECT_EQ(told, "The hero takes a gem outside the cave.");
+  EXPECT_FALSE(editor.program.hra.tmrHra.enabled());
+  EXPECT_EQ(editor.At(0, 2), '1');
+}
+
 TEST(CaveEditor, ClosingHandsTheCaveBack) {
   Editor editor(Winnable());
   editor.Draw(7, 7);
@@ -398,6 +422,12 @@ TEST(CaveEditor, ClosingHandsTheCaveBack) {
   editor.program.frmSada.mnuEdit_Click();
   user::WaitUntil([&] { return user::HasInput(editor.form); });
   EXPECT_EQ(editor.At(7, 7), 'D');
+  editor.form.EditKom.on_lost_focus = [&] { editor.form.Close(); };  // as by a key that still waits
+  user::TapKey(kF + 5);
+  EXPECT_FALSE(editor.program.hra.visible()) << "no test play of a cave that is closed";
+  editor.program.frmSada.mnuEdit_Click();
+  user::WaitUntil([&] { return user::HasInput(editor.form); });
+  editor.form.EditKom.on_lost_focus = {};
   user::TapKey('W', kCtrl);
   EXPECT_FALSE(editor.form.visible());
 }

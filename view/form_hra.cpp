@@ -187,8 +187,13 @@ void FormHra::tmrHra_Timer() {
   try {
     game.tmrHra_Timer();
   } catch (const Fault& fault) {
-    if (!game.PlayingReplay) throw;
-    TellReplayFault("line " + std::to_string(replayNext_ + kFirstTickLine - 1) + ": " + fault.what());
+    if (game.PlayingReplay) {
+      TellReplayFault("line " + std::to_string(replayNext_ + kFirstTickLine - 1) + ": " + fault.what());
+    } else if (game.TestPlay) {
+      LeaveTestPlay(fault);
+    } else {
+      throw;
+    }
     return;
   }
   ShowHint();
@@ -196,6 +201,14 @@ void FormHra::tmrHra_Timer() {
   if (!wonInThisTick_) return;
   wonInThisTick_ = false;
   if (!game.PlayingReplay && !game.TestPlay && caveWon) caveWon();
+}
+
+/// The author goes on with the cave: the set that it belongs to may not be saved yet.
+void FormHra::LeaveTestPlay(const Fault& fault) {
+  wonInThisTick_ = false;
+  StopTick();
+  TellFault(fault);
+  EndGame_Click();
 }
 
 void FormHra::KeyDown(platform::KeyEvent& event) {

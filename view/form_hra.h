@@ -14,6 +14,7 @@
 #include "view/cave_painter.h"
 #include "view/tile_pictures.h"
 
+class Fault;
 class FormAnalyze;
 
 /// The window of a running cave. It owns the game and carries out what the game asks of its surroundings. One instance
@@ -145,6 +146,8 @@ class FormHra : public platform::Form {
   void ClearScreen();
   bool ReadReplayLine(std::string& line);
   void TellReplayFault(const std::string& what);
+  void LeaveTestPlay(const Fault& fault);
+  void TellFault(const Fault& fault);
 
   std::string folder_;
   const Settings& settings_;

@@ -107,6 +107,10 @@ bool FormHra::ReadReplayLine(std::string& line) {
 
 void FormHra::TellReplayFault(const std::string& what) {
   tmrHra.Stop();
-  const std::string text = FromUtf8(Fault(what, CurrentFile).message(), CodePage::k1250);
+  TellFault(Fault(what, CurrentFile));
+}
+
+void FormHra::TellFault(const Fault& fault) {
+  const std::string text = FromUtf8(fault.message(), CodePage::k1250);
   platform::ShowMessageBox({text, caption(), platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
 }
