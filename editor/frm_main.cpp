@@ -167,7 +167,7 @@ void FrmMain::ShowRun() {
   const auto now = std::chrono::steady_clock::now();
   if (now - runStart_ > kShowEachCell && now - runShown_ < kScreenRate) return;
   runShown_ = now;
-  Label1.set_caption(std::to_string(edit.AmoebaCount));
+  ShowAmoeba();
   EditKom.Refresh();
 }
 
@@ -187,11 +187,17 @@ void FrmMain::mnuRestore_Click() { forms_.frmSada->mnuEdit_Click(); }
 
 // --- The bar --------------------
 
-void FrmMain::Label7_Click() { mnuEd.PopUp(*this, Picture4.left() + Label7.left(), Picture4.height()); }
+// Whatever was chosen there, the author goes on drawing.
+
+void FrmMain::Label7_Click() {
+  mnuEd.PopUp(*this, Picture4.left() + Label7.left(), Picture4.height());
+  EditKom.SetFocus();
+}
 
 void FrmMain::Label3_Click() {
   SetProps();
   forms_.frmFormality->ShowModal();
+  EditKom.SetFocus();
 }
 
 void FrmMain::Command2_Click() {
@@ -291,8 +297,18 @@ void FrmMain::ShowChosen() {
 }
 
 void FrmMain::ShowCounts() {
-  Label1.set_caption(std::to_string(edit.AmoebaCount));
+  ShowAmoeba();
   status.ShowCounts(edit.Counts(), edit.EdKomnata.Need);
+}
+
+/// The counter grows beyond its tile when the number needs it.
+void FrmMain::ShowAmoeba() {
+  constexpr int kTop = 12;
+  constexpr int kHeight = 14;
+  const platform::Image& amoeba = *imgS[kPaletteAmoeba];
+  Label1.set_caption(std::to_string(edit.AmoebaCount));
+  const int width = std::max(amoeba.width(), Label1.text_width() + 2);
+  Label1.SetBounds(amoeba.left() + (amoeba.width() - width) / 2, amoeba.top() + kTop, width, kHeight);
 }
 
 void FrmMain::ShowCell(int x, int y) {

@@ -118,6 +118,7 @@ class FrmMain : public platform::Form {
   void SizeCanvas();
   void ShowChosen();
   void ShowCounts();
+  void ShowAmoeba();
   void NameCounts();
   void ShowCell(int x, int y);
   void CaptionOperations();

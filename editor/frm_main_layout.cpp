@@ -25,7 +25,7 @@ constexpr int kHeroLeft = kWidth - kEdge - 6 - CaveEdit::kCell;
 constexpr int kLegendTop = kPaletteTop + 2 * kPitchY;
 constexpr int kLegend = 30;
 constexpr int kStatusTop = kLegendTop + kLegend + 14;
-constexpr int kHeight = kStatusTop + 36 + kEdge;
+constexpr int kHeight = kStatusTop + StatusLine::kHeight + kEdge;
 
 // One colour for each button: its marker, its picture and its keys.
 constexpr platform::Colour kLeftColour = platform::Rgb(0xF2A93B);
@@ -191,13 +191,11 @@ void FrmMain::PlacePalette() {
   constexpr int kButtonWidth = 38;
   Command2.SetBounds(kHeroLeft + CaveEdit::kCell - kButtonWidth + 2, kPaletteTop - 2, kButtonWidth,
                      CaveEdit::kCell + 4);
-  const platform::Image& amoeba = *imgS[kPaletteAmoeba];
   Label1.set_font({11, true, false, false});
   Label1.set_alignment(platform::Alignment::kCentre);
   Label1.set_middle(true);
   Label1.set_back_colour(theme.field);
-  Label1.set_caption("0");
-  Label1.SetBounds(amoeba.left(), amoeba.top() + 12, amoeba.width(), 14);
+  ShowAmoeba();
   // Where they stand until a tile is chosen: under the one that each button has from the beginning.
   const platform::Image& empty = *imgS[kPaletteEmpty];
   constexpr int kMarker = 8;

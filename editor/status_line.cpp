@@ -6,10 +6,13 @@
 
 namespace {
 
-constexpr int kHeight = 36;
+constexpr int kRow = 32;
+constexpr int kEdge = (StatusLine::kHeight - 2 * kRow) / 2;
+constexpr int kGap = 6;
+constexpr int kTile = CaveEdit::kCell;
+constexpr int kTileTop = (kRow - kTile) / 2;
 constexpr int kSign = 18;
 constexpr int kPlaceWidth = 58;
-constexpr std::array<int, 3> kNumberWidths = {70, 18, 26};
 
 }  // namespace
 
@@ -30,23 +33,17 @@ StatusLine::StatusLine(platform::Container* parent, const std::string& pictures)
 
 void StatusLine::Place(int left, int top, int width) {
   SetBounds(left, top, width, kHeight);
-  constexpr int kGap = 6;
-  int right = width - kGap;
-  for (int i = kExits; i >= kGems; --i) {
-    const auto index = static_cast<std::size_t>(i);
-    right -= kSign;
-    imgWarning[index].MoveTo(right, (kHeight - kSign) / 2);
-    right -= kNumberWidths[index] + 2;
-    lblCount[index].SetBounds(right, 0, kNumberWidths[index], kHeight);
-    right -= CaveEdit::kCell + 4;
-    imgCount[index].SetBounds(right, (kHeight - CaveEdit::kCell) / 2, CaveEdit::kCell, CaveEdit::kCell);
-    right -= kGap;
+  lblPlace.SetBounds(kGap, kEdge, kPlaceWidth, kRow);
+  imgTile.SetBounds(kGap + kPlaceWidth + kGap, kEdge + kTileTop, kTile, kTile);
+  const int name = imgTile.left() + kTile + kGap;
+  lblTile.SetBounds(name, kEdge, width - kGap - name, kRow);
+  constexpr int kCounts = kEdge + kRow;
+  const int column = (width - imgTile.left()) / static_cast<int>(imgCount.size());
+  for (std::size_t i = 0; i < imgCount.size(); ++i) {
+    const int at = imgTile.left() + static_cast<int>(i) * column;
+    imgCount[i].SetBounds(at, kCounts + kTileTop, kTile, kTile);
+    lblCount[i].SetBounds(at + kTile + kGap, kCounts, column - kTile - 2 * kGap, kRow);
   }
-  lblPlace.SetBounds(kGap, 0, kPlaceWidth, kHeight);
-  imgTile.SetBounds(lblPlace.left() + kPlaceWidth + kGap, (kHeight - CaveEdit::kCell) / 2, CaveEdit::kCell,
-                    CaveEdit::kCell);
-  lblTile.SetBounds(imgTile.left() + CaveEdit::kCell + kGap, 0, right - imgTile.left() - CaveEdit::kCell - 2 * kGap,
-                    kHeight);
 }
 
 void StatusLine::SetTiles(const std::array<platform::Picture, 3>& pictures, const std::array<std::string, 3>& names) {
@@ -77,6 +74,7 @@ void StatusLine::ShowCount(int index, const std::string& text, bool lacking) {
   const auto i = static_cast<std::size_t>(index);
   lblCount[i].set_caption(text);
   lblCount[i].set_fore_colour(lacking ? std::optional(platform::Application::theme().accent) : std::nullopt);
+  imgWarning[i].MoveTo(lblCount[i].left() + lblCount[i].text_width() + kGap, lblCount[i].top() + (kRow - kSign) / 2);
   imgWarning[i].set_visible(lacking);
   const std::string told = names_[i] + ": " + text + (lacking ? " !" : "");
   for (platform::Control* control :

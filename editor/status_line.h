@@ -6,10 +6,12 @@
 #include "editor/cave_edit.h"
 #include "platform/controls.h"
 
-/// The line at the bottom of the cave editor: a cell with its tile, and what the cave has and lacks. It speaks in
-/// pictures and numbers, and in the names that the tiles have.
+/// The foot of the cave editor: a cell with its tile, and below what the cave has and lacks. It speaks in pictures and
+/// numbers, and in the names that the tiles have.
 class StatusLine : public platform::Frame {
  public:
+  static constexpr int kHeight = 70;  // logical pixels
+
   /// pictures: folder of the files.
   StatusLine(platform::Container* parent, const std::string& pictures);
 

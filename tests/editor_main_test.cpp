@@ -186,6 +186,7 @@ TEST(CaveEditor, OffersRandomReplacementsWhereSoManyCellsExist) {
   EXPECT_THAT(captions,
               ElementsAre("Vrátit do původního stavu", "Nahradit 'Prázdno' za 'Améba'", "Udělat okraj z 'Améba'"));
   EXPECT_EQ(form.edit.NuOfOb('A'), 10);
+  EXPECT_TRUE(form.EditKom.has_focus()) << "back from the bar";
   EXPECT_EQ(form.Label1.caption(), "10");
   EXPECT_EQ(editor.Shown(5, 2), editor.Tile(kPaletteAmoeba));
   editor.Pick(9);
@@ -298,6 +299,31 @@ TEST(CaveEditor, TellsThePlaceAndWhatKeepsACaveFromBeingWon) {
   EXPECT_EQ(Utf8(editor.form.status.lblTile.caption()), "Motýl");
   editor.Drag(4, 3, 0);
   EXPECT_EQ(editor.form.status.lblTile.caption(), "'?'");
+}
+
+TEST(CaveEditor, LongNamesAndLargeNumbersHaveTheirRoom) {
+  CaveRecord cave = Filled(80, 50, 'A');
+  cave.Need = 1909;
+  Editor editor(cave);
+  FrmMain& form = editor.form;
+  for (const char* language : {"/cestina.zbl", "/english.zbl"}) {
+    NactiJazyk(kData + language);
+    for (const auto& tile : form.imgS) {
+      form.status.ShowCell(79, 49, tile->picture(), tile->tool_tip());
+      EXPECT_LE(form.status.lblTile.text_width(), form.status.lblTile.width()) << Utf8(tile->tool_tip());
+    }
+  }
+  EXPECT_LE(form.status.lblPlace.text_width(), form.status.lblPlace.width());
+  EXPECT_LE(form.Label1.text_width(), form.Label1.width()) << form.Label1.caption();
+  for (const CaveCounts& counts : {CaveCounts{1899, 9, 4000, true}, CaveCounts{1899, 0, 0, false}}) {
+    form.status.ShowCounts(counts, 1909);
+    for (std::size_t i = 0; i < form.status.lblCount.size(); ++i) {
+      const Label& number = form.status.lblCount[i];
+      EXPECT_LE(number.text_width(), number.width()) << number.caption();
+      const int next = i + 1 < form.status.imgCount.size() ? form.status.imgCount[i + 1].left() : form.status.width();
+      EXPECT_LE(form.status.imgWarning[i].left() + form.status.imgWarning[i].width(), next) << number.caption();
+    }
+  }
 }
 
 TEST(CaveEditor, HandsThePropertiesToTheDialogAndTakesThemBack) {
