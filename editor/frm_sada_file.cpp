@@ -57,6 +57,7 @@ void FrmSada::Tell(const Fault& fault) {
 }
 
 void FrmSada::mnuNew_Click() {
+  List1.SetFocus();  // first of all: leaving the points is a change
   Soubor.clear();
   Text1.set_text("");
   Text2.set_text("@");
@@ -67,7 +68,6 @@ void FrmSada::mnuNew_Click() {
   KomText[1] = CaveTemplate(NewCave::kSmall);
   GetNames(0);
   Chg.set_value(0);
-  List1.SetFocus();
 }
 
 // --- Opening --------------------

@@ -117,6 +117,7 @@ TEST(SetEditor, BeginsANewSetOfOneSmallCave) {
   user::Type("A");
   EXPECT_EQ(editor.Changed(), 1);
   form.Soubor = "x";
+  form.txtBody.SetFocus();
   user::TapKey('N', kCtrl);
   EXPECT_EQ(form.Text3.text() + form.Soubor, LangStr[52]) << "gone without a question";
   EXPECT_EQ(editor.Changed(), 0);
