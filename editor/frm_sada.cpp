@@ -180,8 +180,9 @@ bool FrmSada::MenuKeyDown(const platform::KeyEvent& event) {
   if (code == platform::kKeyInsert && ctrl) {
     mnuCopy_Click();
     return false;  // a field copies its text as well
-  } else if (code == platform::kKeyInsert && event.shift == platform::kShift && !Schranka.empty()) {
-    mnuPaste_Click();
+  } else if (code == platform::kKeyInsert && event.shift == platform::kShift) {
+    if (!Schranka.empty()) mnuPaste_Click();
+    return false;  // and a field pastes text
   } else if (code == 'G' && ctrl) {
     mnuGratulace_Click();
   } else if (code == 'N' && ctrl) {

@@ -230,6 +230,10 @@ TEST(SetEditor, PastesWhatWasCopiedAlsoIntoAnotherSet) {
   user::TapKey(kKeyInsert, kShift);
   EXPECT_THAT(editor.Rows(), ElementsAre("01BP", "02" + LangStr[26] + "P"));
   EXPECT_EQ(editor.Changed(), 1);
+  user::SetClipboard("text");
+  form.Text1.SetFocus();
+  user::TapKey(kKeyInsert, kShift);
+  EXPECT_EQ(form.Text1.text() + std::to_string(form.PocetK), "text3") << "a field pastes as well";
 }
 
 TEST(SetEditor, StopsAtNinetyOneCaves) {
