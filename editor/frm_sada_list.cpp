@@ -27,7 +27,9 @@ void FrmSada::ShowRow(int i) {
   const auto row = static_cast<std::size_t>(i);
   const bool there = i <= PocetK;
   if (there) {
-    lblCave[row]->set_caption(ParseCaveText(KomText[row]).Name);
+    platform::Label& cave = *lblCave[row];
+    cave.set_caption(ParseCaveText(KomText[row]).Name);
+    cave.set_tool_tip(cave.text_width() > cave.width() ? cave.caption() : "");  // of a name that is cut short
     lblPoc[row]->set_caption(Poc[row] ? std::string(1, LanguageLetter) : "");
   }
   shpPoc[row]->set_visible(there);

@@ -285,6 +285,10 @@ TEST(SetEditor, ListTakesKeysWheelAndDoubleClicks) {
   EXPECT_TRUE(form.Poc[1]) << "not the first one's";
   user::TurnWheel(*form.lblCave[3], -2);
   EXPECT_EQ(form.VScroll1.value(), 2);
+
+  const std::string long_name(kLargestSmallNumber, 'm');
+  form.SetKKKtoK(CaveOf(long_name));
+  EXPECT_EQ(form.lblCave[1]->tool_tip() + form.lblCave[2]->tool_tip(), long_name) << "of the one that is cut short";
 }
 
 // ---------------------------------------------------------------------------------------------------- Cave editor,
