@@ -35,6 +35,7 @@ class Corrector {
     std::string text = SuperReplace(before, page);
     const bool tooLong = text.size() > kLargestSmallNumber;
     if (tooLong) text.resize(kLargestSmallNumber);
+    if (tooLong && text.ends_with('\r')) text.pop_back();  // never half a line break
     field.set_text(text);
     if (tooLong)
       Tell(name, kLargestSmallNumber);

@@ -6,7 +6,7 @@ namespace {
 
 constexpr int kEdge = 16;
 constexpr int kWidth = 520;
-constexpr int kText = 240;
+constexpr int kText = 246;  // nine lines
 constexpr int kButtonWidth = 120;
 constexpr int kButtonHeight = 36;
 

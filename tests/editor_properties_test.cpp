@@ -140,13 +140,14 @@ TEST(PropertiesTest, CorrectsInOrderAndTellsItInOneBox) {
   form.Text7.set_text("151");
   form.Text8.set_text("999");
   form.Text3.set_text("    ");
-  form.Text4.set_text(std::string(191, 'X'));
+  form.Text4.set_text(std::string(189, 'X') + "\r\n");
   form.Command1_Click();
   EXPECT_THAT(desk.Said(), ElementsAre(Cp1250("Upozornění|") + Text(180) + "\r\n\r\n" + Text(117) + " = 50\r\n" +
                                        Text(118) + " = 30\r\n" + Text(124) + " = 150\r\n" + Text(125) + " = 150\r\n" +
                                        Text(120) + "\r\n" + Text(121) + " = 190\r\n"));
   EXPECT_EQ(desk.Cave().Name, "");
-  EXPECT_EQ(desk.Cave().Description, std::string(190, 'X')) << "what a cave text has room for";
+  EXPECT_EQ(desk.Cave().Description, std::string(189, 'X'))
+      << "what a cave text has room for, without half a line break";
   EXPECT_EQ(ParseCaveText(desk.main.edit.Text()).Description, desk.Cave().Description);
 }
 
@@ -185,11 +186,14 @@ TEST(PropertiesTest, ANegativeNumberOfGemsOrPointsTakesTheTimeAway) {
 }
 
 TEST(PropertiesTest, OkTakesASizeOverAndLeavesTheViewWhenItStays) {
-  Properties desk(DirtCave(60, 40, 2, 2));
+  CaveRecord large = DirtCave(60, 40, 2, 2);
+  large.Time = 1507;
+  Properties desk(large);
   desk.main.HScroll1.set_value(10);
   desk.main.VScroll1.set_value(4);
   desk.Open([] { user::TapKey(kKeyEscape); });
   EXPECT_EQ(desk.Cave().Width, 60) << "nobody pressed OK";
+  EXPECT_EQ(desk.Cave().Time, 1507);
 
   desk.Open([&] {
     EXPECT_EQ(desk.form.Text1.text(), "60");
@@ -198,6 +202,7 @@ TEST(PropertiesTest, OkTakesASizeOverAndLeavesTheViewWhenItStays) {
   EXPECT_EQ(desk.Said().size(), 1U);
   EXPECT_EQ(desk.Cave().Width, 50);
   EXPECT_EQ(desk.Cave().Height, 30);
+  EXPECT_EQ(desk.Cave().Time, 150) << "the digits that the field has room for";
   EXPECT_EQ(desk.main.EditKom.width(), 50 * CaveEdit::kCell);
   EXPECT_EQ(desk.main.HScroll1.value(), 0) << "back to the upper left corner";
 
