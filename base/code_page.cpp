@@ -29,6 +29,11 @@ constexpr std::u16string_view kUpper1251 =
     u"рстуфхцчшщъыьэюя";
 static_assert(kUpper1250.size() == 128 && kUpper1251.size() == 128);
 
+// Letters with an accent, and the same ones without.
+constexpr std::u32string_view kAccented = U"áäčďéěíĺľňóôöŕřšťúůüýžÁÄČĎÉĚÍĹĽŇÓÔÖŔŘŠŤÚŮÜÝŽ";
+constexpr std::u32string_view kPlain = U"aacdeeillnooorrstuuuyzAACDEEILLNOOORRSTUUUYZ";
+static_assert(kAccented.size() == kPlain.size());
+
 std::u16string_view Upper(CodePage page) { return page == CodePage::k1250 ? kUpper1250 : kUpper1251; }
 
 using ByteTable = std::array<char, 256>;
@@ -81,6 +86,17 @@ std::string FromUtf8(std::string_view utf8, CodePage page) {
     bytes += byte;
   }
   return bytes;
+}
+
+std::string ReadableFromUtf8(std::string_view utf8, CodePage page) {
+  std::string readable;
+  for (const char32_t code : CodePoints(utf8)) {
+    char byte = '?';
+    const std::size_t place = kAccented.find(code);
+    const bool bare = place != std::u32string_view::npos && !ByteOf(code, page, byte);
+    AppendUtf8(readable, bare ? kPlain[place] : code);
+  }
+  return FromUtf8(readable, page);
 }
 
 std::string Cp1250(std::string_view utf8) { return FromUtf8(utf8, CodePage::k1250); }

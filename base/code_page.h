@@ -14,6 +14,10 @@ std::string ToUtf8(std::string_view bytes, CodePage page);
 /// "?" each.
 std::string FromUtf8(std::string_view utf8, CodePage page);
 
+/// The same for a text that is only read, such as a path in a message: an accent that the page lacks is left out and
+/// the letter stays ("Hráči" is "Hraci" in 1251).
+std::string ReadableFromUtf8(std::string_view utf8, CodePage page);
+
 /// The code point of one byte of the page.
 char32_t CodePointOf(char byte, CodePage page);
 

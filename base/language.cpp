@@ -5,7 +5,6 @@
 #include <utility>
 #include <vector>
 
-#include "base/code_page.h"
 #include "base/language_file.h"
 #include "base/web_hosts.h"
 
@@ -69,6 +68,8 @@ void SetLW() {
 void OnSetLW(std::function<void()> step) { captionSteps.push_back(std::move(step)); }
 
 void OnSetLFont(std::function<void()> step) { fontSteps.push_back(std::move(step)); }
+
+CodePage PageInForce() { return HeroNameIsLatin() ? CodePage::k1250 : CodePage::k1251; }
 
 bool HeroNameIsLatin() {
   if (HeroName.empty()) return false;

@@ -3,6 +3,8 @@
 #include <functional>
 #include <string>
 
+#include "base/code_page.h"
+
 // The language in force. Everything here is set by NactiJazyk alone and read by everybody; the texts themselves are in
 // LangStr.
 
@@ -35,3 +37,6 @@ void OnSetLFont(std::function<void()> step);
 
 /// True when the hero's name begins with a Latin letter. Only that letter is looked at.
 bool HeroNameIsLatin();
+
+/// The code page of the texts in force: 1250 with a Latin hero's name, otherwise 1251.
+CodePage PageInForce();

@@ -47,6 +47,8 @@ std::vector<std::string> Lines(std::string_view bytes, std::size_t atLeast, cons
 
 }  // namespace
 
+CodePage CodePageOf(int languageNumber) { return languageNumber == 3 ? CodePage::k1251 : CodePage::k1250; }
+
 LanguageFile ParseLanguageFile(std::string_view bytes, const std::string& path) {
   const std::vector<std::string> lines = Lines(bytes, kLanguageFileLines, path);
   LanguageFile file;

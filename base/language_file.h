@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/code_page.h"
 #include "base/lang_str.h"
 
 /// A language file (.zbl): the language number, the language's own name and the texts, a line each. All texts stay in
@@ -15,6 +16,9 @@ struct LanguageHeader {
   int number = 0;    // 1 Czech, 2 English, 3 Russian; 0 when the line is no number of at most nine digits
   std::string name;  // the language's name in that language
 };
+
+/// The code page of a language's file, its own name included: 1251 for Russian, otherwise 1250.
+CodePage CodePageOf(int languageNumber);
 
 /// A whole file. Every "#" of a text has become a line break.
 struct LanguageFile {

@@ -5,7 +5,9 @@
 
 #include "base/code_page.h"
 #include "base/fault.h"
+#include "base/folders.h"
 #include "base/lang_str.h"
+#include "base/language.h"
 #include "base/text.h"
 #include "campaign/frm_start2.h"
 #include "cave/names.h"
@@ -289,7 +291,7 @@ void FrmPoSt::ShowCard(int n) {
     const std::string& player = forms_.hra->PlayerName;
     const std::string name = RecordName(Label4.caption(), KomRec[cave].Name);
     lblZzn.set_caption(name);
-    lblZzn.set_tool_tip(FromUtf8(PlayerFolder(player), CodePage::k1250) + "/" + name);
+    lblZzn.set_tool_tip(ReadableFromUtf8(PlayerFolder(player), PageInForce()) + "/" + name);
   }
   PresetGame(KomRec[cave]);
   lblName.set_caption(KomRec[cave].Name);
@@ -416,5 +418,5 @@ void FrmPoSt::Command4_Click() { OtevriOdkaz(folder_ + "/Help/Tempo/index.htm");
 void FrmPoSt::Label3_Click() {
   if (!Label3.font().underline) return;
   OtevriOdkaz(ToUtf8("mailto:" + MailAutora + "?subject=" + LangStr[82] + " '" + Label4.caption() + "' " + LangStr[83],
-                     CodePage::k1250));
+                     PageInForce()));
 }

@@ -104,7 +104,7 @@ void FrmStart2::FindColls() {
   for (const std::string& folder : folders) {
     for (const std::string& file : ListFiles(folder, ".zb")) {
       File1.push_back(std::string(folder).append(file));  // the folders end in a slash
-      List1.Add(ReadSetName(File1.back()).append(" (").append(FromUtf8(file, CodePage::k1250)).append(")"));
+      List1.Add(ReadSetName(File1.back()).append(" (").append(ReadableFromUtf8(file, PageInForce())).append(")"));
     }
   }
   if (!File1.empty()) List1.set_list_index(0);
@@ -120,7 +120,7 @@ void FrmStart2::FindPlrs() {
     AskForPlayer();
   }
   List2.Clear();
-  for (const std::string& player : players) List2.Add(player);
+  for (const std::string& player : players) List2.Add(player, platform::CharsetOf(PlayerPage(player)));
   // The stored number is a place in the list: a new player whose name comes first moves it to somebody else.
   const int last = ReadNumber(registry::kPosledniHrac);
   List2.set_list_index(std::clamp(last, 0, List2.count() - 1));
@@ -147,7 +147,7 @@ bool FrmStart2::AskForPlayer() {
   const std::string name = CistyNazev(dialog.Text1.text());
   const bool made = MakePlayer(name);
   if (made) {
-    const std::string folder = FromUtf8(PlayerFolder(name), CodePage::k1250);
+    const std::string folder = ReadableFromUtf8(PlayerFolder(name), PageInForce());
     platform::ShowMessageBox({Replaced(Replaced(LangStr[115], "?1?", name), "?2?", folder), LangStr[114],
                               platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
   } else {

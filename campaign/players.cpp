@@ -63,13 +63,15 @@ bool CanWriteTo(const std::string& folder) { return access(folder.c_str(), W_OK 
 std::vector<std::string> ListPlayers() {
   std::vector<std::string> players;
   for (const std::string& folder : ListFolders(CestaHraci)) {
-    std::string name = FromUtf8(folder, CodePage::k1250);
-    if (ToUtf8(name, CodePage::k1250) == folder) players.push_back(std::move(name));
+    for (const CodePage page : {CodePage::k1250, CodePage::k1251}) {
+      const std::string name = FromUtf8(folder, page);
+      if (ToUtf8(name, page) != folder) continue;
+      players.push_back(name);
+      break;
+    }
   }
   return players;
 }
-
-std::string PlayerFolder(const std::string& player) { return CestaHraci + "/" + ToUtf8(player, CodePage::k1250); }
 
 bool MakePlayer(const std::string& player) {
   if (Trim(player).empty()) return false;

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-// A player is a folder, and what a player has reached is nothing but the record files in it. Names are in code page
-// 1250, paths in UTF-8.
+// A player is a folder, and what a player has reached is nothing but the record files in it. Names are
+// single-byte text, paths UTF-8.
 
 /// Sets the folders of base/folders.h.
 /// programFolder: the executable's, without "/" at its end. executable: its name; beginning with "bo", in capitals too,
@@ -20,11 +20,9 @@ std::string UserDataFolder();
 /// The program may make files in this folder.
 bool CanWriteTo(const std::string& folder);
 
-/// The players, sorted regardless of case. A folder whose name the code page cannot tell is no player.
+/// The players, sorted regardless of case. Their names are in code page 1250 or, where that lacks a letter, in 1251;
+/// see PlayerPage. A folder whose name neither page can tell is no player.
 std::vector<std::string> ListPlayers();
-
-/// The folder of a player.
-std::string PlayerFolder(const std::string& player);
 
 /// Makes a player's folder. False when that fails, also when there is such a folder already, be it in other case, and
 /// for a name of nothing but blanks.

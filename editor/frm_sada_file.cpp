@@ -51,9 +51,8 @@ void CheckCaves(const std::string& path, const EditedSet& set) {
 
 /// The set under edit stays as it is after a fault.
 void FrmSada::Tell(const Fault& fault) {
-  const CodePage page = HeroNameIsLatin() ? CodePage::k1250 : CodePage::k1251;
-  platform::ShowMessageBox(
-      {FromUtf8(fault.message(), page), HeroName, platform::BoxButtons::kOk, platform::BoxIcon::kCritical});
+  platform::ShowMessageBox({ReadableFromUtf8(fault.message(), PageInForce()), HeroName, platform::BoxButtons::kOk,
+                            platform::BoxIcon::kCritical});
 }
 
 void FrmSada::mnuNew_Click() {

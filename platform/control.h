@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/code_page.h"
 #include "platform/colour.h"
 
 class QWidget;
@@ -46,6 +47,7 @@ struct KeyEvent {
 
 /// Which code page the text of a control is in, by the number of its character set.
 enum class Charset { kCentralEuropean = 238, kCyrillic = 204 };
+Charset CharsetOf(CodePage page);
 
 /// A font; the size is the height in logical pixels, 0 for the theme's.
 struct Font {

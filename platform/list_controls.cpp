@@ -15,8 +15,6 @@ namespace platform {
 
 namespace {
 
-QString RowText(const std::string& bytes, Charset charset) { return ToGlyphs(bytes, charset).replace(u'\n', u' '); }
-
 /// Rows as wide as the list: what is longer is shortened, and shown whole as a tool tip.
 class RowDelegate : public QStyledItemDelegate {
  public:
@@ -69,28 +67,35 @@ void ListControl::CheckIndex(int index, int lowest) const {
   }
 }
 
-const std::string& ListControl::item(int index) const {
+const ListControl::Row& ListControl::row(int index) const {
   CheckIndex(index, 0);
-  return items_[static_cast<std::size_t>(index)];
+  return rows_[static_cast<std::size_t>(index)];
 }
+
+void ListControl::ShowRow(int index) {
+  QString glyphs = ToGlyphs(row(index).text, row_charset(index));
+  model_->setData(model_->index(index), glyphs.replace(u'\n', u' '));
+}
+
+const std::string& ListControl::item(int index) const { return row(index).text; }
 
 void ListControl::set_item(int index, const std::string& text) {
   CheckIndex(index, 0);
-  items_[static_cast<std::size_t>(index)] = text;
-  Change([&] { model_->setData(model_->index(index), RowText(text, charset())); });
+  rows_[static_cast<std::size_t>(index)].text = text;
+  Change([&] { ShowRow(index); });
 }
 
-void ListControl::Add(const std::string& text) {
-  items_.push_back(text);
-  Change([&] {
+void ListControl::Add(const std::string& text, std::optional<Charset> charset) {
+  rows_.push_back({text, charset});
+  Change([this] {
     model_->insertRow(count() - 1);
-    model_->setData(model_->index(count() - 1), RowText(text, charset()));
+    ShowRow(count() - 1);
   });
 }
 
 void ListControl::Remove(int index) {
   CheckIndex(index, 0);
-  items_.erase(items_.begin() + index);
+  rows_.erase(rows_.begin() + index);
   if (list_index_ == index) {
     list_index_ = -1;
   } else if (list_index_ > index) {
@@ -100,7 +105,7 @@ void ListControl::Remove(int index) {
 }
 
 void ListControl::Clear() {
-  items_.clear();
+  rows_.clear();
   list_index_ = -1;
   Change([this] { model_->setStringList({}); });
 }
@@ -132,7 +137,7 @@ void ListControl::Change(const std::function<void()>& change) {
 void ListControl::AppearanceChanged() {
   SetFieldColours(*this);
   Change([this] {
-    for (int row = 0; row < count(); ++row) model_->setData(model_->index(row), RowText(item(row), charset()));
+    for (int index = 0; index < count(); ++index) ShowRow(index);
   });
   Control::AppearanceChanged();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,10 +20,13 @@ namespace platform {
 /// call no handler.
 class ListControl : public Control {
  public:
-  int count() const { return static_cast<int>(items_.size()); }
+  int count() const { return static_cast<int>(rows_.size()); }
   const std::string& item(int index) const;
   void set_item(int index, const std::string& text);
-  void Add(const std::string& text);
+  /// charset: of this row alone, whatever that of the list is; without one the row follows the list.
+  void Add(const std::string& text, std::optional<Charset> charset = {});
+  /// The charset in which a row is shown.
+  Charset row_charset(int index) const { return row(index).charset.value_or(charset()); }
   /// A selected row takes the selection with it.
   void Remove(int index);
   void Clear();
@@ -46,9 +50,17 @@ class ListControl : public Control {
   bool handles_mouse() const override { return true; }
 
  private:
-  void CheckIndex(int index, int lowest) const;
+  struct Row {
+    std::string text;
+    std::optional<Charset> charset;
+  };
 
-  std::vector<std::string> items_;
+  void CheckIndex(int index, int lowest) const;
+  const Row& row(int index) const;
+  /// Gives Qt's widget the text of a row.
+  void ShowRow(int index);
+
+  std::vector<Row> rows_;
   QStringListModel* model_;
   int list_index_ = -1;
   bool changing_ = false;

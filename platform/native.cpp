@@ -66,6 +66,8 @@ void DrawPixels(QPainter& painter, const QImage& image, int ratio) {
   painter.restore();
 }
 
+Charset CharsetOf(CodePage page) { return page == CodePage::k1251 ? Charset::kCyrillic : Charset::kCentralEuropean; }
+
 QString ToGlyphs(const std::string& bytes, Charset charset) {
   QString text = QString::fromStdString(ToUtf8(bytes, PageOf(charset)));
   return text.remove(u'\r');

@@ -30,7 +30,10 @@ void FrmSLang::ListLanguages(const std::string& folder) {
   if (File1.empty()) throw Fault("There is no language file (*.zbl) in this folder.", folder);
   Combo1.Clear();
   const std::string prefix = folder + "/";
-  for (const std::string& file : File1) Combo1.Add(ReadLanguageHeader(prefix + file).name);
+  for (const std::string& file : File1) {
+    const LanguageHeader language = ReadLanguageHeader(prefix + file);
+    Combo1.Add(language.name, platform::CharsetOf(CodePageOf(language.number)));
+  }
 }
 
 void FrmSLang::Combo1_Click() {

@@ -10,6 +10,5 @@ void OtevriOdkaz(const std::string& text) { platform::OpenLink(text); }
 void OpenAuthorPage() { OtevriOdkaz(std::string("http://") + kAuthorHost); }
 
 void WriteToAuthor() {
-  const CodePage page = HeroNameIsLatin() ? CodePage::k1250 : CodePage::k1251;
-  OtevriOdkaz(std::string("mailto:") + kAuthorMail + "?subject=" + ToUtf8(HeroName, page));
+  OtevriOdkaz(std::string("mailto:") + kAuthorMail + "?subject=" + ToUtf8(HeroName, PageInForce()));
 }

@@ -44,7 +44,10 @@ Program::Program(std::string folder, std::string executable, std::string dataFol
     OnSetLW([] {
       if (running) running->SetLW();
     });
-    OnSetLFont(SetLFont);
+    OnSetLFont([] {
+      SetLFont();
+      if (running) running->SetLW();  // the same texts are of another width now, and some have their place by it
+    });
   }
   running = this;
 }
@@ -111,8 +114,7 @@ void Program::Main() {
 
 void Program::SetLW() {
   platform::Application::set_language(LogoNumber == 1 ? "cs" : LogoNumber == 3 ? "ru" : "en");
-  platform::Application::set_default_charset(HeroNameIsLatin() ? platform::Charset::kCentralEuropean
-                                                               : platform::Charset::kCyrillic);
+  platform::Application::set_default_charset(platform::CharsetOf(PageInForce()));
   hra.SetLW();
   frmAnalyze.SetLW();
   frmSettings.SetLW();

@@ -58,6 +58,12 @@ TEST(CodePage, WhatThePageLacksBecomesAQuestionMark) {
   EXPECT_EQ(Cp1250("\xF4\x90\x80\x80"), "????");
 }
 
+TEST(CodePage, ReadableTextLosesAccentsRatherThanLetters) {
+  EXPECT_EQ(ReadableFromUtf8("/Hráči/Žofie/Ж犬", CodePage::k1250), Cp1250("/Hráči/Žofie/??"));
+  EXPECT_EQ(ReadableFromUtf8("/Hráči/Žofie/Ж犬", CodePage::k1251), FromUtf8("/Hraci/Zofie/Ж?", CodePage::k1251));
+  EXPECT_EQ(ReadableFromUtf8("a\x80z", CodePage::k1250), "a?z") << "no UTF-8";
+}
+
 TEST(CodePage, CaseOfLetters) {
   const std::string upper1250 = Cp1250("ABZ ÁÄČĎÉĚÍĹĽŇÓÔŔŘŠŤÚŮÝŽ Ł ß¤");
   const std::string lower1250 = Cp1250("abz áäčďéěíĺľňóôŕřšťúůýž ł ß¤");

@@ -25,6 +25,7 @@
 #include "cave/names.h"
 #include "cave/scramble.h"
 #include "cave/set_file.h"
+#include "cramped.h"
 #include "desk.h"
 #include "engine/recording.h"
 #include "fault_check.h"
@@ -44,6 +45,7 @@ using namespace platform;
 using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 
 namespace {
 
@@ -94,7 +96,7 @@ class Desk : public TempFolder {
     fs::create_directory(Path("config"));
     fs::create_directory(Path("game"));
     fs::create_symlink(kData + "/pictures", Path("game/pictures"));
-    for (const char* language : {"cestina.zbl", "english.zbl"}) {
+    for (const char* language : {"cestina.zbl", "english.zbl", "russian.zbl"}) {
       fs::copy_file(kData + "/" + language, Path(std::string("game/") + language));
     }
     fs::create_directory(Path("game/Komnaty"));
@@ -196,12 +198,14 @@ TEST(FoldersTest, StandBesideTheProgramOrAreIt) {
 }
 
 TEST(PlayersTest, AreFoldersInOrderOfTheirNames) {
+  NactiJazyk(kData + "/cestina.zbl");
   const TempFolder folder;
   SetFolders(folder.path(), "zorbik");
   fs::create_directory(folder.Path("Hráči"));
   folder.Make("Hráči/soubor");
-  for (const char* name : {"karel", "Žofie", "Adam", "日本"}) fs::create_directory(folder.Path("Hráči/") + name);
-  EXPECT_THAT(ListPlayers(), ElementsAre("Adam", "karel", Cp1250("Žofie"))) << "what the code page lacks is no player";
+  for (const char* name : {"karel", "Žofie", "Adam", "Ёж", "日本"}) fs::create_directory(folder.Path("Hráči/") + name);
+  EXPECT_THAT(ListPlayers(), ElementsAre("Adam", "karel", Cp1250("Žofie"), FromUtf8("Ёж", CodePage::k1251)))
+      << "what both code pages lack is no player";
   EXPECT_TRUE(MakePlayer(Cp1250("Čeněk")));
   EXPECT_TRUE(fs::is_directory(folder.Path("Hráči/Čeněk")));
   EXPECT_FALSE(MakePlayer(Cp1250("čeněk"))) << "the same name";
@@ -210,6 +214,27 @@ TEST(PlayersTest, AreFoldersInOrderOfTheirNames) {
   EXPECT_FALSE(MakePlayer("  ")) << "nobody could tell this player from none";
   fs::remove_all(CestaHraci);
   EXPECT_TRUE(MakePlayer("Eva")) << "with the folder of all players";
+}
+
+TEST(PlayersTest, HaveFoldersNamedInTheLettersOfTheirLanguage) {
+  const TempFolder folder;
+  SetFolders(folder.path(), "zorbik");
+  fs::create_directory(folder.Path("Hráči"));
+  const std::string russian = FromUtf8("Вася", CodePage::k1251);
+  const std::string czech = Cp1250("Žofie");
+  NactiJazyk(kData + "/russian.zbl");
+  EXPECT_TRUE(MakePlayer(russian));
+  NactiJazyk(kData + "/cestina.zbl");
+  EXPECT_TRUE(MakePlayer(czech));
+  for (const char* language : {"cestina", "russian"}) {
+    NactiJazyk(kData + "/" + language + ".zbl");
+    EXPECT_EQ(PlayerFolder(russian), folder.Path("Hráči/Вася")) << language;
+    EXPECT_EQ(PlayerPage(russian), CodePage::k1251);
+    EXPECT_EQ(PlayerFolder(czech), folder.Path("Hráči/Žofie"));
+    EXPECT_EQ(PlayerPage(czech), CodePage::k1250);
+    EXPECT_FALSE(MakePlayer(russian)) << "the player is known in every language";
+    EXPECT_THAT(ListPlayers(), ElementsAre(czech, russian));
+  }
 }
 
 TEST(RecordsTest, TellWhoseTheyAreAndWhetherTheyAreOfThisCave) {
@@ -764,19 +789,58 @@ TEST(LanguageTest, ChangesAllTextsAtOnce) {
   EXPECT_EQ(program.frmPoSt.Command2.caption(), "Play");
   EXPECT_EQ(program.hra.EndGame.caption(), "Quit");
   EXPECT_EQ(program.frmSettings.caption(), LangStr[59]);
-  EXPECT_EQ(program.helpMenu.mnuHlp1.caption(), "About Borzeek...");
+  EXPECT_EQ(program.helpMenu.mnuHlp1.caption(), "About Borzeek");
   EXPECT_TRUE(start.visible());
 
-  // A third language, in Cyrillic letters: its charset stays until the next start.
-  std::string text = ReadFile(desk.Path("game/english.zbl"));
-  desk.Make("game/x.zbl", "3" + text.substr(1));
-  desk.Start("x.zbl");
+  // The charset of the Cyrillic letters stays until the next start.
+  desk.Start("russian.zbl");
   EXPECT_EQ(desk.program->frmStart2.Label1.charset(), Charset::kCyrillic);
   EXPECT_EQ(desk.program->frmDialog2.Text1.charset(), Charset::kCyrillic);
   EXPECT_EQ(desk.program->frmStart2.List2.charset(), Charset::kCentralEuropean) << "a drop-down list is left out";
+  EXPECT_EQ(ToUtf8(desk.program->frmStart2.Label2.caption(), CodePage::k1251), " Смотреть запись");
   desk.program->frmSLang.Combo1.Choose(0);
   EXPECT_EQ(HeroName, Cp1250("Zorbík"));
   EXPECT_EQ(desk.program->frmStart2.Label1.charset(), Charset::kCyrillic);
+}
+
+TEST(LanguageTest, EachIsListedInItsOwnLetters) {
+  Desk desk;
+  desk.AddPlayer("Karel");
+  const ComboBox& languages = desk.Start().frmSLang.Combo1;
+  ASSERT_EQ(languages.count(), 3);
+  EXPECT_EQ(languages.row_charset(0), Charset::kCentralEuropean);
+  EXPECT_EQ(languages.row_charset(2), Charset::kCyrillic);
+  EXPECT_EQ(ToUtf8(languages.item(2), CodePage::k1251), "Русский");
+}
+
+TEST(LanguageTest, EveryTextHasItsRoom) {
+  Overview overview(SetOf("Sada", {"A", "B"}));
+  Program& program = *overview.program;
+  for (const int language : {1, 0, 2}) {  // Russian comes last: its charset stays
+    program.frmSLang.Combo1.Choose(language);
+    for (const Form* form : std::initializer_list<const Form*>{
+             &program.frmStart2, &program.frmPoSt, &program.frmSettings, &program.frmAnalyze, &program.frmDialog2,
+             &program.frmDialog3, &program.frmLoading, &program.frmSLang, &program.frmAbout}) {
+      EXPECT_THAT(CrampedTexts(*form), IsEmpty()) << language;
+    }
+  }
+}
+
+TEST(LanguageTest, ANameInCyrillicLettersIsShownInThem) {
+  Desk desk;
+  Boxes boxes;
+  InTurn({[] {
+    user::Type("Вася");
+    user::TapKey(kKeyEnter);
+  }});
+  const FrmStart2& start = desk.Start("russian.zbl").frmStart2;
+  ASSERT_EQ(boxes.texts.size(), 1U);
+  EXPECT_THAT(ToUtf8(Cp1250(boxes.texts[0]), CodePage::k1251),
+              AllOf(HasSubstr("Добро пожаловать, Вася!"), HasSubstr("/Hraci/Вася")));
+  EXPECT_TRUE(fs::is_directory(desk.Path("game/Hráči/Вася")));
+  EXPECT_EQ(start.List2.item(0), FromUtf8("Вася", CodePage::k1251));
+  EXPECT_EQ(start.List2.row_charset(0), Charset::kCyrillic);
+  EXPECT_EQ(desk.Start().frmStart2.List2.row_charset(0), Charset::kCyrillic) << "also when Czech is spoken";
 }
 
 // ------------------------------------------------------------------------------------------------------------ Settings

@@ -29,7 +29,7 @@ using testing::IsEmpty;
 
 const std::string kShippedFolder = ZORBIK_LANGUAGE_FILES;   // made by the build
 const std::string kSourceFolder = ZORBIK_LANGUAGE_SOURCES;  // in the repository
-const std::vector<std::string> kShipped{"cestina", "english"};
+const std::vector<std::string> kShipped{"cestina", "english", "russian"};
 
 std::string SourcePath(const std::string& language) { return kSourceFolder + "/" + language + ".txt"; }
 
@@ -203,7 +203,7 @@ TEST_F(LanguageTest, ShippedTextsServeTheirRoutines) {
 
   std::string message;
   Hooks hooks;
-  hooks.showMessage = [&message](const std::string& text, std::uint32_t) { message = ToUtf8(text, CodePage::k1250); };
+  hooks.showMessage = [&message](const std::string& text, std::uint32_t) { message = ToUtf8(text, PageInForce()); };
   Hra game;
   game.hooks = &hooks;
   game.MultiHero = true;
@@ -213,6 +213,9 @@ TEST_F(LanguageTest, ShippedTextsServeTheirRoutines) {
   game.HeroCount = 5;
   game.Command1_Click();
   EXPECT_EQ(message, "V komnatě je 5 Zorbíků. Přepínáš je klávesou Tab.");
+  NactiJazyk(ShippedPath("russian"));
+  game.Command1_Click();
+  EXPECT_EQ(message, "В пещере 5 псов. Переключайся между ними клавишей Tab.");
 }
 
 TEST(ShippedLanguageTest, NotesInTheSourcesAreUpToDate) {
@@ -226,9 +229,10 @@ TEST(ShippedLanguageTest, AreWithoutMistakesAndListedByTheirNames) {
   std::vector<std::string> names;
   for (const std::string& language : kShipped) {
     EXPECT_THAT(CheckLanguageFile(ReadFile(ShippedPath(language))), IsEmpty()) << language;
-    names.push_back(ToUtf8(ReadLanguageHeader(ShippedPath(language)).name, CodePage::k1250));
+    const LanguageHeader header = ReadLanguageHeader(ShippedPath(language));
+    names.push_back(ToUtf8(header.name, CodePageOf(header.number)));
   }
-  EXPECT_THAT(names, ElementsAre("Čeština", "English"));
+  EXPECT_THAT(names, ElementsAre("Čeština", "English", "Русский"));
 }
 
 /// The findings for the shipped Czech file after the text of one row was replaced.

@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -116,6 +117,25 @@ TYPED_TEST(AnyListTest, RowsAreInTheCodePageOfTheCharset) {
   list.set_charset(Charset::kCyrillic);
   EXPECT_NE(user::Grab(list), before);
   EXPECT_EQ(list.item(0), russian);
+}
+
+TYPED_TEST(AnyListTest, ARowCanHaveACharsetOfItsOwn) {
+  const auto draw = [](const std::string& text, std::optional<Charset> row, Charset list) {
+    ShownForm form;
+    TypeParam control(&form);
+    control.Add("x");
+    control.Add(text, row);
+    control.set_charset(list);
+    control.set_list_index(1);
+    return user::Grab(control);
+  };
+  const std::string russian = FromUtf8("Русский", CodePage::k1251);
+  const Picture whole = draw(russian, {}, Charset::kCyrillic);
+  EXPECT_EQ(draw(russian, Charset::kCyrillic, Charset::kCentralEuropean), whole);
+  EXPECT_EQ(draw(russian, Charset::kCyrillic, Charset::kCyrillic), whole);
+  const std::string czech = Cp1250("Čeština");
+  EXPECT_EQ(draw(czech, Charset::kCentralEuropean, Charset::kCyrillic), draw(czech, {}, Charset::kCentralEuropean))
+      << "it stays when the list gets another one";
 }
 
 TEST(ComboBoxTest, KeysChooseWhileClosedAndInTheDropDown) {

@@ -21,7 +21,7 @@ TEST(GameCaptionTest, TellsWhoPlaysWhat) {
 TEST(GameCaptionTest, RecordingAndRestartHaveTheSameCaptionInEveryLanguage) {
   Game game(Cave("1;T"));
   game.Open();
-  for (const char* language : {"english", "cestina"}) {
+  for (const char* language : {"english", "russian", "cestina"}) {
     NactiJazyk(kData + "/" + language + ".zbl");
     game.form.SetLW();
     EXPECT_EQ(game.form.Label1.caption(), LangStr[85]);

@@ -13,6 +13,7 @@
 #include "base/lang_str.h"
 #include "base/language.h"
 #include "cave/set_file.h"
+#include "cramped.h"
 #include "game_window.h"
 #include "platform/keys.h"
 #include "platform/message_box.h"
@@ -448,35 +449,19 @@ TEST(GameFormTest, AnOpeningExitFlashesOverTheWholeWindow) {
 
 // ---------------------------------------------------------------------------------------------------------- The texts
 
-/// What is wrong with the place of a control's text: "" when it has room.
-std::string Cramped(const Captioned& control) {
-  constexpr int kInButton = 16;    // the button's edges
-  constexpr int kInCheckBox = 28;  // the mark and the gap behind it
-  if (control.caption().empty()) return "";
-  int room = control.width();
-  if (dynamic_cast<const Button*>(&control) != nullptr) room -= kInButton;
-  if (dynamic_cast<const CheckBox*>(&control) != nullptr) room -= kInCheckBox;
-  if (control.text_width() <= room) return "";
-  const auto* label = dynamic_cast<const Label*>(&control);
-  if (label != nullptr && label->text_height() > label->font().size * 14 / 10 &&
-      label->text_height() <= label->height())
-    return "";  // it is broken into lines
-  return "\"" + control.caption() + "\" needs " + std::to_string(control.text_width()) + " of " + std::to_string(room);
-}
+class GameTextTest : public ::testing::TestWithParam<const char*> {
+ protected:
+  GameTextTest() { Use(GetParam()); }
+  ~GameTextTest() override { Use("cestina.zbl"); }
 
-std::vector<std::string> CrampedTexts(const Form& form) {
-  std::vector<std::string> found;
-  ForEachControl(form, [&found](Control& control) {
-    const auto* text = dynamic_cast<const Captioned*>(&control);
-    if (text != nullptr && !Cramped(*text).empty()) found.push_back(Cramped(*text));
-  });
-  return found;
-}
-
-class GameTextTest : public ::testing::TestWithParam<const char*> {};
+ private:
+  static void Use(const std::string& language) {
+    NactiJazyk(kData + "/" + language);
+    Application::set_default_charset(CharsetOf(PageInForce()));
+  }
+};
 
 TEST_P(GameTextTest, EveryTextHasItsRoom) {
-  NactiJazyk(kData + "/" + GetParam());
   CaveRecord cave = Cave("1;2;3;4");
   cave.Name = "Velmi dlouhe jmeno jedne male komnaty";
   cave.Description =
@@ -496,7 +481,6 @@ TEST_P(GameTextTest, EveryTextHasItsRoom) {
 }
 
 TEST_P(GameTextTest, ControlsKeepInsideTheWindowAndApart) {
-  NactiJazyk(kData + "/" + GetParam());
   Game game(Cave("1;2;3;4"));
   game.form.SetLW();
   game.Open();
@@ -521,7 +505,7 @@ TEST_P(GameTextTest, ControlsKeepInsideTheWindowAndApart) {
   EXPECT_GE(form.Label5.width(), 60);
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, GameTextTest, ::testing::Values("cestina.zbl", "english.zbl"),
+INSTANTIATE_TEST_SUITE_P(Languages, GameTextTest, ::testing::Values("cestina.zbl", "english.zbl", "russian.zbl"),
                          [](const auto& language) { return std::string(language.param).substr(0, 6); });
 
 }  // namespace

@@ -108,8 +108,6 @@ void CheckHeader(const LanguageHeader& header, std::vector<std::string>& finding
 
 }  // namespace
 
-CodePage CodePageOf(int languageNumber) { return languageNumber == 3 ? CodePage::k1251 : CodePage::k1250; }
-
 std::vector<std::string> PlaceHoldersOf(const LanguageRow& row) {
   std::vector<std::string> holders;
   std::string_view rest = row.holds;

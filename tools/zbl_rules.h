@@ -4,11 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "base/code_page.h"
 #include "base/language_rows.h"
-
-/// The code page of a language by its number: Cyrillic for 3, Central European for any other.
-CodePage CodePageOf(int languageNumber);
 
 /// The place-holders that a row has to hold, with the blanks that belong to them.
 std::vector<std::string> PlaceHoldersOf(const LanguageRow& row);

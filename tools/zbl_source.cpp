@@ -7,6 +7,7 @@
 #include "base/code_page.h"
 #include "base/fault.h"
 #include "base/files.h"
+#include "base/language_file.h"
 #include "base/language_rows.h"
 #include "base/utf8.h"
 #include "zbl_rules.h"

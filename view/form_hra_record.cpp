@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/folders.h"
 #include "base/lang_str.h"
+#include "base/language.h"
 #include "cave/names.h"
 #include "engine/recording.h"
 #include "platform/application.h"
@@ -27,7 +28,7 @@ void FormHra::WinGame() {
 
 std::string FormHra::RecordPath() const {
   const std::string name = CistyNazev(SetName + " - " + CaveName);
-  return CestaHraci + "/" + ToUtf8(PlayerName, CodePage::k1250) + "/" + ToUtf8(name, CodePage::k1250) + ".zbr";
+  return PlayerFolder(PlayerName) + "/" + ToUtf8(name, CodePage::k1250) + ".zbr";
 }
 
 // A record that cannot be written is not given up: the player can make room and try again. The old one stands
@@ -38,11 +39,11 @@ void FormHra::SaveRecord(int score) {
   game.ProjedKlv();
   for (;;) {
     try {
-      MakeFolder(CestaHraci + "/" + ToUtf8(PlayerName, CodePage::k1250));  // somebody may have taken it away meanwhile
+      MakeFolder(PlayerFolder(PlayerName));  // somebody may have taken it away meanwhile
       WriteFile(RecordPath(), RecordText(SetName, score, PlayerName, game.RecordBuffer));
       return;
     } catch (const Fault& fault) {
-      const std::string text = FromUtf8(fault.message() + "\n\nTry again?", CodePage::k1250);
+      const std::string text = ReadableFromUtf8(fault.message() + "\n\nTry again?", PageInForce());
       const auto answer =
           platform::ShowMessageBox({text, caption(), platform::BoxButtons::kYesNo, platform::BoxIcon::kExclamation});
       if (answer != platform::BoxAnswer::kYes) return;
@@ -111,6 +112,6 @@ void FormHra::TellReplayFault(const std::string& what) {
 }
 
 void FormHra::TellFault(const Fault& fault) {
-  const std::string text = FromUtf8(fault.message(), CodePage::k1250);
+  const std::string text = ReadableFromUtf8(fault.message(), PageInForce());
   platform::ShowMessageBox({text, caption(), platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
 }

@@ -115,7 +115,7 @@ void Shoot(const Options& options) {
   // No box waits for anybody. One tells whose record it is; any other, that it does not fit.
   std::string fault;
   platform::SetBoxResponder([&fault](const platform::MessageBox& box) {
-    if (box.title != LangStr[106]) fault = ToUtf8(box.text, CodePage::k1250);
+    if (box.title != LangStr[106]) fault = ToUtf8(box.text, PageInForce());
     return platform::BoxAnswer::kOk;
   });
   const Settings settings;
