@@ -201,7 +201,7 @@ void FrmStart2::Place() {
 void FrmStart2::PlacePanel() {
   constexpr int kLeft = 20;
   constexpr int kInner = kPanel.width - 2 * kLeft;
-  constexpr int kSide = 100;  // width of the buttons beside the lists
+  constexpr int kSide = 104;  // width of the buttons beside the lists
   constexpr int kList = kInner - kSide - 6;
   Picture1.SetBounds(kPanel.left, kPanel.top, kPanel.width, kPanel.height);
   Label5.SetBounds(kLeft + 14, 30, kList - 14, 18);

@@ -4,6 +4,7 @@
 
 #include "base/code_page.h"
 #include "base/lang_str.h"
+#include "base/language.h"
 #include "base/text.h"
 #include "cave/cave_text.h"
 #include "cave/names.h"
@@ -78,7 +79,8 @@ void FrmFormality::Command1_Click() {
   corrector.Words(Text4, 121);
   if (!corrector.message().empty()) {
     const std::string text = LangStr[180] + std::string(kLineBreak) + std::string(kLineBreak) + corrector.message();
-    platform::ShowMessageBox({text, Cp1250("Upozornění"), platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
+    const std::string title = ReadableFromUtf8("Upozornění", PageInForce());  // the same in every language
+    platform::ShowMessageBox({text, title, platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
   }
   forms_.frmMain->VlOK_Click();
   Hide();

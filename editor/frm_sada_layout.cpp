@@ -5,6 +5,7 @@
 
 #include "base/code_page.h"
 #include "base/lang_str.h"
+#include "base/language.h"
 #include "base/text.h"
 #include "cave/cave_text.h"
 #include "editor/frm_sada.h"
@@ -45,9 +46,6 @@ FrmSada::FrmSada(const std::string& programFolder, const Forms& forms) : forms_(
   constexpr int kMostDigits = 9;
   txtBody.set_max_length(kMostDigits);
   txtBody.set_text("00000");
-  // Without a row in the language files: it is the same in every language.
-  lblBody.set_caption(Cp1250("Body na začátek"));
-  txtBody.set_accessible_name(lblBody.caption());
   MakeMenus();
   TieControls();
   Place();
@@ -183,6 +181,8 @@ void FrmSada::SetLW() {
       {mnuCopy, 23}, {mnuPaste, 24}, {mnuAddmnu, 25}, {mnuAdd[0], 26}, {mnuAdd[1], 27},    {mnuEdit, 28},
       {mnuMove, 29}, {mnuUp, 30},    {mnuDown, 31},   {mnuDelete, 32}};
   for (const auto& [item, row] : items) item.set_caption(LangStr[static_cast<std::size_t>(row)]);
+  // Without a row in the language files: it is the same in every language.
+  lblBody.set_caption(ReadableFromUtf8("Body na začátek", PageInForce()));
   set_caption(LangStr[58]);
   bar_.Place();
   List1.set_accessible_name(LangStr[38]);
@@ -191,4 +191,5 @@ void FrmSada::SetLW() {
   Text1.set_accessible_name(LangStr[40]);
   Text2.set_accessible_name(LangStr[41]);
   Text4.set_accessible_name(LangStr[42]);
+  txtBody.set_accessible_name(lblBody.caption());
 }

@@ -820,7 +820,8 @@ TEST(LanguageTest, EveryTextHasItsRoom) {
     program.frmSLang.Combo1.Choose(language);
     for (const Form* form : std::initializer_list<const Form*>{
              &program.frmStart2, &program.frmPoSt, &program.frmSettings, &program.frmAnalyze, &program.frmDialog2,
-             &program.frmDialog3, &program.frmLoading, &program.frmSLang, &program.frmAbout}) {
+             &program.frmDialog3, &program.frmLoading, &program.frmSLang, &program.frmAbout, &program.frmSada,
+             &program.frmMain, &program.frmFormality}) {
       EXPECT_THAT(CrampedTexts(*form), IsEmpty()) << language;
     }
   }
