@@ -263,6 +263,19 @@ TEST(RecordsTest, TellWhoseTheyAreAndWhetherTheyAreOfThisCave) {
   ExpectFault([&] { read(cave); }, damaged, "line 2");
 }
 
+TEST(RecordsTest, OfARussianSetAreFoundInEveryLanguage) {
+  const Desk desk;
+  SetFolders(desk.Path("game"), "zorbik");
+  const std::string dog = FromUtf8("Пёс", CodePage::k1251);
+  const std::string cave = WonByOneStep("A");
+  desk.AddPlayer("Пёс");
+  desk.AddRecord("Пёс", dog, "A", dog, 640, cave + "---02");
+  for (const char* language : {"cestina", "russian"}) {
+    NactiJazyk(kData + "/" + language + ".zbl");
+    EXPECT_EQ(ReadRecord(dog, dog, "A", cave + "---07").verdict, Verdict::kOwn) << language;
+  }
+}
+
 // ------------------------------------------------------------------------------------------- First start, new players
 
 TEST(StartTest, AsksANewUserForLanguageAndName) {
