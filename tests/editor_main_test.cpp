@@ -152,7 +152,7 @@ TEST(CaveEditor, MarksTheTilesOfTheButtonsAndCaptionsTheOperations) {
   EXPECT_FALSE(form.Dog[1]->checked());
   EXPECT_FALSE(form.Dog[0]->visible());
   NactiJazyk(kData + "/english.zbl");
-  EXPECT_EQ(form.mnuObjbyObj.caption(), "Replace 'Borzeek 7' by 'Wall'");
+  EXPECT_EQ(form.mnuObjbyObj.caption(), "Replace 'Borzeek 7' with 'Wall'");
   EXPECT_EQ(form.caption(), "Borzeek's cave editor");
 }
 
