@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+inline namespace Colors {
+
 platform::Colour TintColour(int tint) {
   static constexpr std::array<platform::Colour, 14> kColours = {{{95, 0, 0},
                                                                  {95, 0, 95},
@@ -39,3 +41,5 @@ platform::Colour ScreenColour(std::uint32_t bbggrr) {
   return {static_cast<std::uint8_t>(bbggrr & 0xFF), static_cast<std::uint8_t>(bbggrr >> 8 & 0xFF),
           static_cast<std::uint8_t>(bbggrr >> 16 & 0xFF)};
 }
+
+}  // namespace Colors

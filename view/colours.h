@@ -4,6 +4,9 @@
 
 #include "platform/colour.h"
 
+/// The colours of a tint, and how shades are made of them.
+inline namespace Colors {
+
 /// The base colour of a tint, 0..14. The last tint has no colour of its own and is black.
 platform::Colour TintColour(int tint);
 
@@ -21,3 +24,5 @@ TintShades ShadesOf(int tint);
 
 /// The colour of a number 0xBBGGRR, as the rules give it.
 platform::Colour ScreenColour(std::uint32_t bbggrr);
+
+}  // namespace Colors
