@@ -20,6 +20,7 @@
 #include "base/folders.h"
 #include "base/lang_str.h"
 #include "base/language.h"
+#include "base/web_hosts.h"
 #include "campaign/players.h"
 #include "cave/cave_text.h"
 #include "cave/names.h"
@@ -774,11 +775,13 @@ TEST(HelpTest, OpensPagesLinksAndAbout) {
   links.clear();
   InTurn({[&] {
     EXPECT_EQ(program.frmAbout.Label1.caption(), "Version 1.1L");
-    user::Click(program.frmAbout.Label6);
+    FrmAbout& about = program.frmAbout;
+    for (Label* link : {&about.Label6, &about.Label7, &about.Label10, &about.Label4}) user::Click(*link);
     user::TapKey(kKeyEnter);
   }});
   help.mnuHlp1.Click();
-  EXPECT_THAT(links, ElementsAre("http://" + WebHra));
+  EXPECT_THAT(links, ElementsAre("http://" + WebHra, HasSubstr(kAuthorHost), HasSubstr(kAuthorCavesHost),
+                                 HasSubstr(kAuthorMail)));
   EXPECT_FALSE(program.frmAbout.visible());
   SetLinkResponder({});
   Boxes boxes;

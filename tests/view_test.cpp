@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <string>
@@ -389,23 +388,6 @@ TEST(GameFormTest, SettingsStopTheTickAndSetItsInterval) {
   EXPECT_EQ(game.settings.Zvuk, 1) << "closed without the button";
   game.settings.SetSett();
   EXPECT_EQ(game.settings.Check3.value(), 1);
-}
-
-TEST(GameFormTest, RecordingCanBeTurnedOff) {
-  Game game(DirtCave(19, 11, 5, 5));
-  game.Start();
-  const auto ends = [&game] {
-    const std::string& text = game.form.game.RecordBuffer;
-    return std::count(text.begin(), text.end(), '\n');
-  };
-  EXPECT_EQ(game.form.chkRec.value(), 1);
-  game.Tick(3);
-  EXPECT_EQ(ends(), 4);
-  user::Click(game.form.chkRec, 9, game.form.chkRec.height() / 2);
-  game.Tick(3);
-  EXPECT_EQ(ends(), 4) << "no line ends any more";
-  game.Start();
-  EXPECT_EQ(game.form.chkRec.value(), 1) << "a new cave is recorded again";
 }
 
 TEST(GameFormTest, MessagesAreCentredAndGoByThemselves) {

@@ -136,6 +136,8 @@ TEST_F(WinningTest, LeavesNoRecordWhenNoneIsAskedFor) {
   user::ReleaseKey(kKeyRight);
   EXPECT_TRUE(game.form.game.Won);
   EXPECT_EQ(FindPath(RecordFile()), "");
+  game.Open();
+  EXPECT_EQ(game.form.chkRec.value(), 1) << "a new cave is recorded again";
 }
 
 TEST_F(WinningTest, TriesAgainToWriteUntilThePlayerGivesUp) {
