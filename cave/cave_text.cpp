@@ -58,18 +58,21 @@ class Writer {
 
 /// Time and Need, each up to 999, share three characters.
 void ReadTimeAndNeed(Reader& reader, CaveRecord& record) {
-  const int a = reader.Number("time");
-  const int b = reader.Number("time and need");
-  const int c = reader.Number("need");
-  record.Time = static_cast<std::int16_t>(a * 10 + b / 10);
-  record.Need = static_cast<std::int16_t>(c * 10 + b % 10);
+  const int TimeNeedA = reader.Number("time");
+  const int TimeNeedB = reader.Number("time and need");
+  const int TimeNeedC = reader.Number("need");
+  record.Time = static_cast<std::int16_t>(TimeNeedA * 10 + TimeNeedB / 10);
+  record.Need = static_cast<std::int16_t>(TimeNeedC * 10 + TimeNeedB % 10);
 }
 
 void WriteTimeAndNeed(Writer& writer, const CaveRecord& record) {
   if (record.Time < 0 || record.Need < 0) throw Fault("The time and the need of a cave cannot be below 0.");
-  writer.Number(record.Time / 10, "time");
-  writer.Number(record.Time % 10 * 10 + record.Need % 10, "time and need");
-  writer.Number(record.Need / 10, "need");
+  const int TimeNeedA = record.Time / 10;
+  const int TimeNeedB = record.Time % 10 * 10 + record.Need % 10;
+  const int TimeNeedC = record.Need / 10;
+  writer.Number(TimeNeedA, "time");
+  writer.Number(TimeNeedB, "time and need");
+  writer.Number(TimeNeedC, "need");
 }
 
 std::string MakeTemplate(const std::string& name, std::string_view header, int width, int height) {

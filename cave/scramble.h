@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+// Kódování, the coding of the lines of set and record files.
+
 /// Codes each character as three capital letters, at random among equivalent codings.
 std::string Scramble(std::string_view text);
 

@@ -52,8 +52,6 @@ enum class ReplayCheck {
 struct CellPlace {
   std::uint8_t x = 0;
   std::uint8_t y = 0;
-
-  bool operator==(const CellPlace&) const = default;
 };
 
 /// The sum that a won cave is worth.
@@ -186,8 +184,10 @@ class Hra {
   bool FollowHero = true;
   bool TeleportActive = false;
   bool HeroLocked = false;
-  CellPlace TeleportSource;
-  CellPlace TeleportTarget;
+  std::uint8_t TeleportSourceX = 0;  // the entrance
+  std::uint8_t TeleportSourceY = 0;
+  std::uint8_t TeleportTargetX = 0;  // the exit
+  std::uint8_t TeleportTargetY = 0;
   std::uint8_t TeleportPhase = 0;  // 0 idle, otherwise progress of the transfer
   std::uint16_t TeleportTile = 0;
   std::uint8_t TeleportMotion = 0;

@@ -184,10 +184,10 @@ void Hra::LockHeroAt(int x, int y) {
 
 // A transfer takes four ticks. Both cells are steel meanwhile, and the hero inside is held.
 void Hra::Teleport() {
-  const int sx = TeleportSource.x;
-  const int sy = TeleportSource.y;
-  const int tx = TeleportTarget.x;
-  const int ty = TeleportTarget.y;
+  const int sx = TeleportSourceX;
+  const int sy = TeleportSourceY;
+  const int tx = TeleportTargetX;
+  const int ty = TeleportTargetY;
   if (TeleportPhase == 0 && Tiles(tx, ty) == Empty && Tiles(sx, sy) != Empty) {
     TeleportPhase = 1;
     if (Tiles(sx, sy) == HeroTile) LockHeroAt(sx, sy);

@@ -130,21 +130,18 @@ void Hra::PlaceHero(int number, int x, int y) {
 // Slime above a steel wall is a teleport's entrance, slime below one its exit; the ring above the first row counts as
 // such a wall, the ring below the last row is not looked at. The last cell found wins.
 void Hra::MarkTeleport(int x, int y) {
-  const auto place = [](int column, int row) {
-    return CellPlace{static_cast<std::uint8_t>(column), static_cast<std::uint8_t>(row)};
-  };
-  const auto open = [this](int column, int row) {
+  const auto open = [this](int column, int row, std::uint8_t& placeX, std::uint8_t& placeY) {
     TeleportActive = true;
+    placeX = static_cast<std::uint8_t>(column);
+    placeY = static_cast<std::uint8_t>(row);
     Tiles(column, row) = Empty;
     PREKR(column, row);
   };
   if (Tiles(x, y - 1) == SlimeTile && Tiles(x, y) == SteelWall) {
-    TeleportSource = place(x, y - 1);
-    open(x, y - 1);
+    open(x, y - 1, TeleportSourceX, TeleportSourceY);
     Tell(&Hooks::paintOverlay, x, y, picture::kImgTLP);
   } else if (Tiles(x, y - 1) == SteelWall && Tiles(x, y) == SlimeTile) {
-    TeleportTarget = place(x, y);
-    open(x, y);
+    open(x, y, TeleportTargetX, TeleportTargetY);
     Tell(&Hooks::paintOverlay, x, y - 1, picture::kImgTLP + 1);
   }
 }

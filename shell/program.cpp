@@ -65,6 +65,7 @@ void Program::TieForms() {
       frmPoSt.Command2_Click();
     }
   };
+  hra.hideOverview = [this] { frmPoSt.Hide(); };
   hra.caveWon = [this] { frmPoSt.Prosel(); };
   hra.showSettings = [this] {
     frmSettings.SetSett();

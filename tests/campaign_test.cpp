@@ -753,6 +753,8 @@ TEST(CampaignTest, AGameIsLeftAndRestarted) {
   EXPECT_FALSE(hra.visible());
   EXPECT_TRUE(user::WaitUntil([&] { return overview.form().Command2.has_focus(); })) << "the focus is where it was";
   EXPECT_THAT(overview.States(), ElementsAre(Open, Locked));
+  hra.PaintCave("");
+  EXPECT_FALSE(overview.form().visible() || hra.visible()) << "there is no cave to look at";
 }
 
 // --------------------------------------------------------------------------------------------------- Help and language

@@ -4,12 +4,10 @@
 #include <filesystem>
 #include <set>
 #include <string>
-#include <tuple>
 
 #include "base/fault.h"
 #include "base/files.h"
 #include "base/lang_str.h"
-#include "base/random.h"
 #include "cave/cave_text.h"
 #include "cave/names.h"
 #include "cave/scramble.h"
@@ -164,41 +162,6 @@ TEST(CaveText, WhatDoesNotFitItsCharacterIsAFault) {
   cave.Width = 82;
   cave.Height = 1;
   ExpectFault([&] { BuildCaveText(cave); }, "", "81 by 51");
-}
-
-CaveRecord RandomCave(Random& random) {
-  const auto below = [&random](int limit) { return static_cast<int>(random.Next() * limit); };
-  const auto byte = [&] { return static_cast<std::uint8_t>(below(191)); };
-  CaveRecord cave;
-  for (std::string* text : {&cave.Name, &cave.Description}) {
-    text->resize(byte());
-    for (char& c : *text) c = static_cast<char>(below(256));
-  }
-  cave.Time = static_cast<std::int16_t>(below(1000));
-  cave.Need = static_cast<std::int16_t>(below(1000));
-  for (std::uint8_t* field :
-       {&cave.PointsBefore, &cave.PointsAfter, &cave.MagicTime, &cave.AmoebaTime, &cave.Tint, &cave.SlimeThrough}) {
-    *field = byte();
-  }
-  cave.Width = static_cast<std::uint8_t>(below(82));
-  cave.Height = static_cast<std::uint8_t>(below(52));
-  for (int y = 0; y < cave.Height; ++y) {
-    for (int x = 0; x < cave.Width; ++x) cave.Cell(x, y) = static_cast<char>(1 + below(255));
-  }
-  return cave;
-}
-
-TEST(CaveText, RandomCavesSurviveBuildingAndParsing) {
-  Random random(7);
-  for (int round = 0; round < 300; ++round) {
-    const CaveRecord cave = RandomCave(random);
-    const CaveRecord back = ParseCaveText(BuildCaveText(cave) + "---42");
-    const auto fields = [](const CaveRecord& c) {
-      return std::tie(c.Name, c.Description, c.Time, c.Need, c.PointsBefore, c.PointsAfter, c.MagicTime, c.AmoebaTime,
-                      c.Tint, c.SlimeThrough, c.Width, c.Height, c.Cells);
-    };
-    ASSERT_EQ(fields(back), fields(cave)) << "round " << round;
-  }
 }
 
 class Templates : public testing::Test {

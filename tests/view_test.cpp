@@ -99,20 +99,6 @@ TEST(GameViewTest, IsCentredOnTheHeroAsFarAsTheCaveReaches) {
   EXPECT_EQ(view(7, 4, 3, 2), std::pair(12.0, 7.0)) << "a small cave lies in the lower right corner";
 }
 
-TEST(GameViewTest, FollowsAHeroWhoWalksOnAHeldKey) {
-  Game game(DirtCave(40, 22, 9, 8));
-  game.Start();
-  user::PressKey(kKeyRight);
-  for (int step = 1; step <= 5; ++step) {
-    game.Tick();
-    EXPECT_EQ(game.Hero().x, 9 + step);
-    EXPECT_EQ(game.form.KOMNATA.left(), -step * game.Tile());
-  }
-  user::ReleaseKey(kKeyRight);
-  game.Tick();
-  EXPECT_EQ(game.Hero().x, 14);
-}
-
 TEST(GameViewTest, ScrollsFreelyInAReplayAndStopsAtTheEdges) {
   Game game(DirtCave(40, 22, 20, 10));
   Hooks hooks = *game.form.game.hooks;
@@ -230,22 +216,8 @@ TEST(GameKeysTest, PauseBoxStopsTheGameAndForgetsKeys) {
   const Boxes boxes;
   user::TapKey('P');
   game.Tick(2);
-  EXPECT_THAT(boxes.texts, ElementsAre(HeroName + ": " + LangStr[97]));
-}
-
-TEST(GameKeysTest, IdleBoxComesOnceInThirtySecondsAndOnlyIfWanted) {
-  CaveRecord cave = DirtCave(19, 11, 5, 5);
-  cave.Time = 190;
-  Game game(cave);
-  game.Start();
-  const Boxes boxes;
-  game.Tick(298);
-  EXPECT_THAT(boxes.texts, IsEmpty());
-  game.Tick(300);
-  EXPECT_THAT(boxes.texts, ElementsAre(LangStr[98] + ": " + LangStr[100]));
-  game.settings.DatPauzu = 0;
-  game.Tick(300);
-  EXPECT_EQ(boxes.texts.size(), 1u);
+  game.form.game.hooks->idlePause();
+  EXPECT_THAT(boxes.texts, ElementsAre(HeroName + ": " + LangStr[97], LangStr[98] + ": " + LangStr[100]));
 }
 
 /// The pictures of the strip, by hero.

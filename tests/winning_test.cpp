@@ -223,6 +223,7 @@ TEST_F(WinningTest, TellsFileAndLineOfADamagedRecord) {
   const auto with = [&](const std::string& name, const std::string& buffer) {
     return folder.Make(name, RecordText(whole.setName, whole.score, "Adam", buffer));
   };
+  const std::string noText = with("notext.zbr", "\r\nCAAB");
   const std::string noCave = with("nocave.zbr", Scramble("E") + "\r\n");
   // To begin again with it at once would show the box about its player for ever.
   const std::string noTick = with("notick.zbr", Scramble(whole.caveText) + "\r\n\r\n");
@@ -233,20 +234,20 @@ TEST_F(WinningTest, TellsFileAndLineOfADamagedRecord) {
     EXPECT_FALSE(game.form.game.Won);
     EXPECT_TRUE(game.form.visible()) << "what was played so far can be looked at";
   }
-  for (const std::string& file : {none, noCave, noTick}) {
+  for (const std::string& file : {none, noText, noCave, noTick}) {
     game.form.Show();
     game.form.CurrentFile = file;
     game.form.Replay();
     EXPECT_FALSE(game.form.visible());
     EXPECT_FALSE(game.form.tmrHra.enabled());
   }
-  EXPECT_EQ(game.left, 3);
+  EXPECT_EQ(game.left, 4);
   using testing::AllOf;
   const auto notYours = HasSubstr("Not yours");
-  EXPECT_THAT(boxes,
-              ElementsAre(AllOf(HasSubstr(cut), HasSubstr("line 4")), AllOf(HasSubstr(bent), HasSubstr("line 5")),
-                          HasSubstr(none), notYours, AllOf(HasSubstr(noCave), HasSubstr("line 3")),
-                          AllOf(HasSubstr(noTick), HasSubstr("line 4"))));
+  EXPECT_THAT(
+      boxes, ElementsAre(AllOf(HasSubstr(cut), HasSubstr("line 4")), AllOf(HasSubstr(bent), HasSubstr("line 5")),
+                         HasSubstr(none), AllOf(HasSubstr(noText), HasSubstr("line 3")), notYours,
+                         AllOf(HasSubstr(noCave), HasSubstr("line 3")), AllOf(HasSubstr(noTick), HasSubstr("line 4"))));
 }
 
 }  // namespace

@@ -54,12 +54,14 @@ constexpr std::array<Look, kKinds> kLooks{{
 
 std::size_t KindOf(const Hra& game, int x, int y) {
   const std::uint16_t tile = game.Tiles(x, y);
-  const auto isAt = [x, y](CellPlace place) { return place.x == x && place.y == y; };
+  const auto isAt = [x, y](int placeX, int placeY) { return placeX == x && placeY == y; };
 
   if (tile == MagicWall && game.Motion(x, y) == 0) return kMagicWallKind;
   if (tile == Exit && game.ExitOpen) return kOpenExitKind;
-  if (tile == Empty && game.TeleportActive && isAt(game.TeleportSource)) return kTeleportEntranceKind;
-  if (tile == Empty && game.TeleportActive && isAt(game.TeleportTarget)) return kTeleportExitKind;
+  if (tile == Empty && game.TeleportActive && isAt(game.TeleportSourceX, game.TeleportSourceY))
+    return kTeleportEntranceKind;
+  if (tile == Empty && game.TeleportActive && isAt(game.TeleportTargetX, game.TeleportTargetY))
+    return kTeleportExitKind;
   return tile < kTileCodes ? std::size_t{tile} : std::size_t{Empty};
 }
 

@@ -105,7 +105,10 @@ void FormHra::OpenCave(int n) {
 }
 
 void FormHra::PaintCave(const std::string& caveText) {
-  if (caveText.empty()) Hide();
+  if (caveText.empty()) {
+    Hide();
+    if (hideOverview) hideOverview();
+  }
   game.PaintCave(caveText);
   chkRec.set_value(game.chkRec);
   chkRec.set_enabled(!game.TestPlay);

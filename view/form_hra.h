@@ -30,7 +30,7 @@ class FormHra : public platform::Form {
   void FrmLoad();
   /// Sets up cave number n of the set in SetFile. Throws Fault when the file cannot be read.
   void OpenCave(int n);
-  /// Sets a cave up from its text; it waits for Command1_Click then. An empty text hides the form.
+  /// Sets a cave up from its text; it waits for Command1_Click then. An empty text hides the form and the overview.
   void PaintCave(const std::string& caveText);
   void Command1_Click();  // "Start"
   void Command3_Click();  // "Restart (Ctrl+R)"
@@ -67,6 +67,7 @@ class FormHra : public platform::Form {
 
   // What the rest of the program does for the game; set by whoever shows the form.
   std::function<void()> restartCave;   // start the cave again
+  std::function<void()> hideOverview;  // there is no cave
   std::function<void()> caveWon;       // neither in a replay nor in a test play; the tick that won has run to its end
   FormAnalyze* frmAnalyze = nullptr;   // shows the score; absent: it is not shown
   std::function<void()> leave;         // the game was ended: show what comes next

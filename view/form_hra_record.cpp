@@ -62,6 +62,8 @@ void FormHra::Replay() {
 
 void FormHra::StartReplay() {
   Recording recording = ReadRecording(ReadFile(CurrentFile));
+  // Without a text there is no cave, and no window to come back from.
+  if (recording.caveText.empty()) throw Fault("line 3: The record holds no cave.");
   // An empty line begins the replay again. As the first one it would do so for ever, with every box on the way.
   if (!recording.ticks.empty() && recording.ticks.front().empty()) {
     throw Fault("line " + std::to_string(kFirstTickLine) + ": The record holds no tick.");

@@ -49,8 +49,8 @@ void FormHra::PaintStrip(int hero, int picture) {
 // The object shrinks on the entrance and grows on the exit, a quarter of a tile in each of the four ticks.
 void FormHra::PaintTransfer(int step, int picture) {
   const int quarters = step - 1;
-  painter_.PaintShrunk(game.TeleportSource.x, game.TeleportSource.y, picture, 4 - quarters);
-  painter_.PaintShrunk(game.TeleportTarget.x, game.TeleportTarget.y, picture, quarters);
+  painter_.PaintShrunk(game.TeleportSourceX, game.TeleportSourceY, picture, 4 - quarters);
+  painter_.PaintShrunk(game.TeleportTargetX, game.TeleportTargetY, picture, quarters);
 }
 
 void FormHra::MoveSurface(double left, double top) {
