@@ -86,6 +86,7 @@ void Program::TieForms() {
   frmSLang.showStart = [this] { frmStart2.Show(); };
 }
 
+/// A test play leads back to its author, whatever was played before it.
 void Program::ShowAfterGame() {
   if (hra.game.TestPlay) {
     frmMain.SetLWEd();
