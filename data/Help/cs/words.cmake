@@ -1,0 +1,11 @@
+set(hero "Zorbík")
+set(logo logo.svg)
+set(web_host ${kWebHostCzech})
+set(windows cs)
+set(short_words "[kKsSvVzZoOuUaAiI]")
+set(skip "Přejít k obsahu")
+set(pages "Stránky nápovědy")
+set(languages_label "Jazyk")
+set(footer "Zorbík 1.1L. Nápověda ke hře; funguje i bez internetu.")
+set(menu "help.html|Jak se hraje" "pravidla.html|Pravidla" "editovat.html|Pro autory" "prispet.html|Jak přispět"
+         "oprogramu.html|O Zorbíkovi")

@@ -1,0 +1,11 @@
+set(hero "Borzeek")
+set(logo logo_borzeek.svg)
+set(web_host ${kWebHostEnglish})
+set(windows en)
+set(short_words "[aAI]")
+set(skip "Skip to the content")
+set(pages "Pages of the help")
+set(languages_label "Language")
+set(footer "Borzeek 1.1L. The help of the game; it needs no internet.")
+set(menu "help.html|How to play" "pravidla.html|Rules" "editovat.html|For authors" "prispet.html|Contribute"
+         "oprogramu.html|About Borzeek")

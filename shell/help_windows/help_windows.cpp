@@ -1,0 +1,109 @@
+// help_windows: pictures of the program's windows for the help, as a player finds them after a few caves.
+
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <string>
+
+#include "base/code_page.h"
+#include "base/fault.h"
+#include "base/files.h"
+#include "campaign/players.h"
+#include "cave/scramble.h"
+#include "engine/recording.h"
+#include "platform/application.h"
+#include "platform/testing.h"
+#include "shell/program.h"
+#include "shell/registry_values.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kUsage =
+    "Usage: help_windows LANGUAGE.zbl PLAYER PREFIX\n"
+    "\n"
+    "Saves pictures of the windows in a language as PREFIX with start.png, overview.png and settings.png behind it. The "
+    "player\n"
+    "has won the first caves of the shipped set.\n";
+
+constexpr int kCavesWon = 5;
+constexpr int kSelected = 6;
+
+/// A folder of its own for all that the program writes, gone in the end.
+class Home {
+ public:
+  Home() {
+    std::string pattern = (fs::temp_directory_path() / "help-windows-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw Fault("There is no temporary folder.");
+    path_ = pattern;
+    setenv("XDG_CONFIG_HOME", (path_ / "config").c_str(), 1);
+  }
+  ~Home() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+  }
+  Home(const Home&) = delete;
+  Home& operator=(const Home&) = delete;
+
+  std::string data() const { return (path_ / "data").string(); }
+
+ private:
+  fs::path path_;
+};
+
+/// The shipped record of a cave as the player's own.
+void CopyRecord(const FrmPoSt& overview, std::size_t cave, const std::string& player) {
+  const std::string name = RecordName(overview.Name, overview.KomRec[cave].Name);
+  const Recording shipped =
+      ReadRecording(ReadFile(FindPath(std::string(ZORBIK_PROGRAM_DATA "/Záznamy/") + ToUtf8(name, CodePage::k1250))));
+  std::string buffer = Scramble(shipped.caveText) + "\r\n";
+  for (const std::string& tick : shipped.ticks) buffer += tick + "\r\n";
+  WriteFile(PlayerFolder(player) + "/" + ToUtf8(name, CodePage::k1250),
+            RecordText(shipped.setName, shipped.score, player, buffer));
+}
+
+void Save(const platform::Form& form, const std::string& file) {
+  platform::user::Wait(50);
+  platform::user::Grab(form).SavePng(file);
+}
+
+void Shoot(const std::string& language, const std::string& player, const std::string& prefix) {
+  const Home home;
+  CreateProgramKey();
+  WriteText(registry::kJazyk, language);
+  fs::create_directories(home.data() + "/Hráči/" + player);
+  Program program(ZORBIK_PROGRAM_DATA, "zorbik", home.data());
+  program.Main();
+  program.frmStart2.Label1_Click();
+  Save(program.frmStart2, prefix + "start.png");
+
+  const std::string name = FromUtf8(player, CodePage::k1250);
+  program.frmStart2.Command3_Click();
+  for (std::size_t cave = 1; cave <= kCavesWon; ++cave) CopyRecord(program.frmPoSt, cave, name);
+  program.frmStart2.Command3_Click();
+  program.frmPoSt.lblCave_Click(kSelected);
+  Save(program.frmPoSt, prefix + "overview.png");
+
+  program.frmSettings.SetSett();
+  program.frmSettings.Show();
+  Save(program.frmSettings, prefix + "settings.png");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 4) {
+    std::cerr << kUsage;
+    return 2;
+  }
+  platform::user::UseOffscreen(1024, 768);
+  platform::Application application(argc, argv, "help_windows");
+  try {
+    Shoot(argv[1], argv[2], argv[3]);
+  } catch (const Fault& fault) {
+    std::cerr << "help_windows: " << fault.message() << '\n';
+    return 1;
+  }
+  return 0;
+}
