@@ -23,7 +23,8 @@ namespace fs = std::filesystem;
 constexpr const char* kUsage =
     "Usage: help_windows LANGUAGE.zbl PLAYER PREFIX\n"
     "\n"
-    "Saves pictures of the windows in a language as PREFIX with start.png, overview.png and settings.png behind it. The "
+    "Saves pictures of the windows in a language as PREFIX with start.png, overview.png and settings.png behind it. "
+    "The "
     "player\n"
     "has won the first caves of the shipped set.\n";
 

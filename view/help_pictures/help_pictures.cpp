@@ -28,11 +28,14 @@ using platform::Surface;
 constexpr const char* kUsage =
     "Usage: help_pictures PICTURES SCENES.txt OUT\n"
     "\n"
-    "Draws the tiles, and the scenes of a set in readable form, from the pictures in the folder PICTURES into the folder "
+    "Draws the tiles, and the scenes of a set in readable form, from the pictures in the folder PICTURES into the "
+    "folder "
     "OUT.\n"
-    "Each scene becomes a film strip: its frames side by side, the first before the start and one more after each tick. "
+    "Each scene becomes a film strip: its frames side by side, the first before the start and one more after each "
+    "tick. "
     "Its\n"
-    "name is that of the file. Its description is a number, the seed of what the rules draw, a blank and a key for each "
+    "name is that of the file. Its description is a number, the seed of what the rules draw, a blank and a key for "
+    "each "
     "tick:\n"
     "  L R U D  the arrows       l r u d  the arrows with Shift\n"
     "  1 ... 9  a hero's number  .        none\n";
@@ -100,7 +103,9 @@ void SaveTiles(const std::string& folder, const std::string& out) {
     for (std::size_t i = 1; i < file.layers.size(); ++i) picture = Stacked(picture, pictures[file.layers[i]]);
     save(file.name, picture);
   }
-  const auto extra = [&folder](const picture::Extra& file) { return LoadExtra(folder, file, kTile, kTile, kTileRatio); };
+  const auto extra = [&folder](const picture::Extra& file) {
+    return LoadExtra(folder, file, kTile, kTile, kTileRatio);
+  };
   save("magic", Stacked(pictures[picture::kWall], extra(picture::kMagicMark)));
   for (const auto& [facing, overlay] : kFacings) {
     save(std::string("firefly_").append(facing), Stacked(pictures[picture::kAnim6], extra(overlay)));
@@ -181,9 +186,7 @@ class Stage {
   }
 
  private:
-  bool Held(int code) const {
-    return code == VirtualKey(key_) || (code == key::kShift && key_ >= 'a' && key_ <= 'z');
-  }
+  bool Held(int code) const { return code == VirtualKey(key_) || (code == key::kShift && key_ >= 'a' && key_ <= 'z'); }
 
   void PaintTransfer(int step, int picture) {
     const int quarters = step - 1;

@@ -7,5 +7,5 @@ set(skip "Skip to the content")
 set(pages "Pages of the help")
 set(languages_label "Language")
 set(footer "Borzeek 1.1L. The help of the game; it needs no internet.")
-set(menu "help.html|How to play" "pravidla.html|Rules" "editovat.html|For authors" "prispet.html|Contribute"
-         "oprogramu.html|About Borzeek")
+set(menu "help.html|How to play" "pravidla.html|Rules" "editovat.html|For authors" "prispet.html|Share a set"
+         "oprogramu.html|About")

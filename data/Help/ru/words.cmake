@@ -7,5 +7,5 @@ set(skip "К содержанию")
 set(pages "Страницы справки")
 set(languages_label "Язык")
 set(footer "Зорби 1.1L. Справка к игре; интернет ей не нужен.")
-set(menu "help.html|Как играть" "pravidla.html|Правила" "editovat.html|Авторам" "prispet.html|Как прислать набор"
+set(menu "help.html|Как играть" "pravidla.html|Правила" "editovat.html|Авторам" "prispet.html|Прислать"
          "oprogramu.html|О программе")

@@ -1,0 +1,225 @@
+// The help pages as they stand beside the program: reached from the menu, whole, linked, and in step with the game.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "base/code_page.h"
+#include "base/files.h"
+#include "base/language.h"
+#include "base/language_file.h"
+#include "base/text.h"
+#include "base/web_hosts.h"
+#include "cave/tiles.h"
+#include "platform/links.h"
+#include "run_program.h"
+#include "shell/help_menu.h"
+#include "temp_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::IsEmpty;
+
+const std::string kHelp = ZORBIK_PROGRAM_DATA "/Help";
+constexpr int kSceneTile = 48;  // pixels of a cell in a film strip
+
+/// A language of the help.
+struct Help {
+  std::string code;    // as a page tells it
+  std::string letter;  // before the names of its pages
+  std::string texts;   // its language file; empty until there is one
+};
+const std::vector<Help> kHelps = {{"cs", "", "cestina.zbl"}, {"en", "E", "english.zbl"}, {"ru", "R", ""}};
+const std::vector<std::string> kNames = {"help.html", "pravidla.html", "editovat.html", "prispet.html",
+                                         "oprogramu.html"};
+
+/// A page's text, with ordinary blanks.
+std::string Read(const std::string& path) { return Replaced(ReadFile(path), "\u00A0", " "); }
+
+std::vector<std::string> AllPages() {
+  std::vector<std::string> pages;
+  for (const auto& entry : fs::recursive_directory_iterator(kHelp)) {
+    if (entry.path().extension().string().starts_with(".htm")) pages.push_back(entry.path().string());
+  }
+  return pages;
+}
+
+/// What the first group of a pattern matches, at all its places.
+std::vector<std::string> All(const std::string& text, const std::string& pattern) {
+  const std::regex regex(pattern);
+  std::vector<std::string> found;
+  for (std::sregex_iterator i(text.begin(), text.end(), regex); i != std::sregex_iterator(); ++i)
+    found.push_back((*i)[1]);
+  return found;
+}
+
+std::string Plain(const std::string& html) { return Replaced(html, "&amp;", "&"); }
+
+/// The texts of a language, without the blanks around them.
+std::vector<std::string> TextsOf(const Help& help) {
+  const LanguageFile file = ReadLanguageFile(std::string(ZORBIK_PROGRAM_DATA "/") + help.texts);
+  std::vector<std::string> texts;
+  for (const std::string& text : file.strings) {
+    const std::size_t first = text.find_first_not_of(' ');
+    const std::size_t last = text.find_last_not_of(' ');
+    texts.push_back(first == std::string::npos ? "" : ToUtf8(text.substr(first, last - first + 1), CodePage::k1250));
+  }
+  return texts;
+}
+
+TEST(HelpPages, StandWhereTheMenuLooksInEachLanguage) {
+  const TempFolder folder;
+  fs::create_directory_symlink(kHelp, folder.Path("Help"));
+  std::string opened;
+  platform::SetLinkResponder([&opened](const std::string& link) { opened = link; });
+  const HelpMenu menu;
+  for (int number = 1; number <= 3; ++number) {
+    std::string lines = std::to_string(number) + "\r\nname\r\n";
+    for (int i = 0; i < 200; ++i) lines += "text\r\n";
+    NactiJazyk(folder.Make("language.zbl", lines));
+    std::set<std::string> files;
+    for (const auto* item :
+         {&menu.mnuHlpPravidla, &menu.mnuAbout, &menu.mnuHlpRady, &menu.mnuHlpPrispet, &menu.mnuHlp2}) {
+      item->Click();
+      EXPECT_TRUE(fs::is_regular_file(opened)) << opened;
+      files.insert(opened);
+    }
+    EXPECT_EQ(files.size(), kNames.size()) << "two items open the same page";
+  }
+  platform::SetLinkResponder({});
+  EXPECT_TRUE(fs::is_regular_file(kHelp + "/Tempo/index.htm")) << "the start screen opens the page of the contests";
+}
+
+TEST(HelpPages, AreWellFormed) {
+  std::string files;
+  for (const std::string& page : AllPages()) files.append(" '").append(page).append("'");
+  const ProgramRun run = RunProgram(XMLLINT " --nonet --noout" + files);
+  EXPECT_EQ(run.status, 0) << run.output;
+}
+
+TEST(HelpPages, TellTheirLanguageAndDescribeTheirPictures) {
+  for (const Help& help : kHelps) {
+    for (const std::string& name : kNames) {
+      SCOPED_TRACE(help.letter + name);
+      const std::string page = Read(kHelp + "/" + help.letter + name);
+      EXPECT_NE(page.find("<html lang=\"" + help.code + "\""), std::string::npos);
+      EXPECT_NE(page.find("<meta charset=\"utf-8\" />"), std::string::npos);
+      EXPECT_EQ(All(page, "<title>([^<]+ – [^<]+)</title>").size(), 1u);
+      EXPECT_EQ(All(page, "<h1>([^<]+)</h1>").size(), 1u);
+      EXPECT_THAT(All(page, "@([a-z_]+)@"), IsEmpty()) << "a place-holder is left";
+      EXPECT_EQ(All(page, "(<img )").size(), All(page, "<img [^>]*(alt=\")").size());
+      for (const Help& other : kHelps) {
+        EXPECT_NE(page.find("href=\"" + other.letter + name + "\""), std::string::npos) << "no way to " << other.code;
+      }
+      std::vector<std::string> ids = All(page, " id=\"([^\"]*)\"");
+      std::sort(ids.begin(), ids.end());
+      EXPECT_EQ(std::adjacent_find(ids.begin(), ids.end()), ids.end()) << "an anchor stands twice";
+    }
+  }
+}
+
+TEST(HelpPages, LinkOnlyToWhatIsThereAndToTheConfiguredAddresses) {
+  const std::set<std::string> addresses = {
+      std::string("http://") + kWebHostCzech + "/", std::string("http://") + kWebHostEnglish + "/",
+      std::string("http://") + kWebHostRussian + "/", std::string("http://") + kAuthorHost + "/",
+      std::string("mailto:") + kAuthorMail};
+  for (const std::string& page : AllPages()) {
+    SCOPED_TRACE(page);
+    const std::string text = Read(page);
+    std::vector<std::string> links = All(text, " (?:href|src)=\"([^\"]*)\"");
+    EXPECT_GT(links.size(), 5u);
+    for (const std::string& link : links) {
+      if (addresses.contains(link)) continue;
+      const std::size_t hash = link.find('#');
+      const std::string file = link.substr(0, hash);
+      ASSERT_FALSE(file.starts_with('/') || file.find(':') != std::string::npos) << link;
+      const std::string target = file.empty() ? page : (fs::path(page).parent_path() / file).string();
+      EXPECT_TRUE(fs::is_regular_file(target)) << link;
+      if (hash == std::string::npos || !fs::is_regular_file(target)) continue;
+      EXPECT_NE(Read(target).find(" id=\"" + link.substr(hash + 1) + "\""), std::string::npos) << link;
+    }
+  }
+  EXPECT_THAT(All(Read(kHelp + "/style.css"), "(url\\(|@import)"), IsEmpty());
+}
+
+TEST(HelpPages, ShowEveryTileOfThePaletteUnderItsName) {
+  const std::map<char, int> palette = {{'.', 0},  {';', 1},  {'R', 2},  {'D', 3},  {'X', 5},  {'!', 6},  {'@', 7},
+                                       {'W', 8},  {'T', 9},  {'A', 10}, {'M', 11}, {'K', 12}, {'#', 13}, {'%', 14},
+                                       {'S', 15}, {'L', 16}, {'F', 17}, {'O', 18}, {'P', 19}, {'Q', 20}, {'U', 21},
+                                       {'Y', 22}, {'Z', 23}, {'B', 24}, {'E', 25}, {'V', 26}, {'&', 27}, {'^', 28}};
+  constexpr std::size_t kFirstName = 148;  // of a tile among the texts
+  for (const Help& help : kHelps) {
+    SCOPED_TRACE(help.code);
+    const std::string page = Read(kHelp + "/" + help.letter + "pravidla.html");
+    const std::vector<std::string> names = help.texts.empty() ? std::vector<std::string>() : TextsOf(help);
+    std::string shown;
+    for (std::size_t at = page.find("data-tiles=\""); at != std::string::npos;
+         at = page.find("data-tiles=\"", at + 1)) {
+      const std::size_t start = at + std::string("data-tiles=\"").size();
+      const std::string tiles = Plain(page.substr(start, page.find('"', start) - start));
+      const std::string entry = page.substr(at, page.find("</section>", at) - at);
+      EXPECT_NE(entry.find("<img "), std::string::npos) << tiles;
+      shown += tiles;
+      for (const char tile : tiles) {
+        const auto found = palette.find(tile);
+        if (found == palette.end() || names.empty()) continue;
+        const std::string& name = names[kFirstName + static_cast<std::size_t>(found->second)];
+        EXPECT_NE(entry.find(name), std::string::npos) << tile << " is called " << name;
+      }
+    }
+    for (char c = '!'; c <= '~'; ++c) {
+      EXPECT_EQ(std::count(shown.begin(), shown.end(), c), LoadOfCharacter(c).known ? 1 : 0) << "tile " << c;
+    }
+  }
+}
+
+TEST(HelpPages, CallTheProgramsCaptionsAsTheyAre) {
+  for (const Help& help : kHelps) {
+    if (help.texts.empty()) continue;
+    const std::vector<std::string> texts = TextsOf(help);
+    std::set<std::string> captions(texts.begin(), texts.end());
+    captions.insert({"Zaznamenat hru", "Joystick", "Language"});  // the same in every language
+    for (const std::string& name : kNames) {
+      const std::string page = Read(kHelp + "/" + help.letter + name);
+      for (const std::string& caption : All(page, "<b class=\"caption\">([^<]*)</b>")) {
+        EXPECT_TRUE(captions.contains(caption)) << caption << " in " << help.letter << name;
+      }
+    }
+  }
+}
+
+TEST(HelpPages, HaveTheSamePicturesInEachLanguage) {
+  for (const std::string& name : kNames) {
+    const auto pictures = [&name](const Help& help) {
+      return All(Read(kHelp + "/" + help.letter + name), "src=\"pictures/(?:[a-z][a-z]_)?([^\"]*)\"");
+    };
+    EXPECT_EQ(pictures(kHelps[1]), pictures(kHelps[0])) << name;
+    EXPECT_EQ(pictures(kHelps[2]), pictures(kHelps[0])) << name;
+  }
+}
+
+TEST(HelpPages, MoveFilmStripsByWholeFrames) {
+  for (const Help& help : kHelps) {
+    const std::string page = Read(kHelp + "/" + help.letter + "pravidla.html");
+    const std::regex scene("--n:(\\d+);--w:(\\d+)\"><div><img src=\"([^\"]*)\"");
+    int scenes = 0;
+    for (std::sregex_iterator i(page.begin(), page.end(), scene); i != std::sregex_iterator(); ++i, ++scenes) {
+      const std::string png = ReadFile(kHelp + "/" + std::string((*i)[3]));
+      ASSERT_GT(png.size(), 24u);
+      int width = 0;  // big-endian, behind the signature and the head of the first chunk
+      for (std::size_t byte = 16; byte < 20; ++byte) width = width * 256 + static_cast<unsigned char>(png[byte]);
+      EXPECT_EQ(width, std::stoi((*i)[1]) * std::stoi((*i)[2]) * kSceneTile) << (*i)[3];
+    }
+    EXPECT_GT(scenes, 10) << help.code;
+  }
+}
+
+}  // namespace
