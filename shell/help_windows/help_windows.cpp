@@ -23,13 +23,12 @@ namespace fs = std::filesystem;
 constexpr const char* kUsage =
     "Usage: help_windows LANGUAGE.zbl PLAYER PREFIX\n"
     "\n"
-    "Saves pictures of the windows in a language as PREFIX with start.png, overview.png and settings.png behind it. "
-    "The "
-    "player\n"
-    "has won the first caves of the shipped set.\n";
+    "Saves pictures of the windows in a language: start, overview, settings, both editors and the properties of a\n"
+    "cave, each with PREFIX before its name. The player has won the first caves of the shipped set.\n";
 
 constexpr int kCavesWon = 5;
 constexpr int kSelected = 6;
+constexpr int kEdited = 10;
 
 /// A folder of its own for all that the program writes, gone in the end.
 class Home {
@@ -69,6 +68,20 @@ void Save(const platform::Form& form, const std::string& file) {
   platform::user::Grab(form).SavePng(file);
 }
 
+void ShootEditors(Program& program, const std::string& prefix) {
+  program.frmSada.OpenColl(ZORBIK_PROGRAM_DATA "/Komnaty/Komnaty.zb");
+  program.frmSada.lblCave_Click(kEdited);
+  program.frmSada.Show();
+  Save(program.frmSada, prefix + "editor_set.png");
+  program.frmSada.mnuEdit_Click();
+  Save(program.frmMain, prefix + "editor_cave.png");
+  program.frmMain.SetProps();
+  program.frmFormality.Show();
+  Save(program.frmFormality, prefix + "properties.png");
+  program.frmFormality.Hide();
+  program.frmMain.Hide();
+}
+
 void Shoot(const std::string& language, const std::string& player, const std::string& prefix) {
   const Home home;
   CreateProgramKey();
@@ -85,6 +98,8 @@ void Shoot(const std::string& language, const std::string& player, const std::st
   program.frmStart2.Command3_Click();
   program.frmPoSt.lblCave_Click(kSelected);
   Save(program.frmPoSt, prefix + "overview.png");
+
+  ShootEditors(program, prefix);
 
   program.frmSettings.SetSett();
   program.frmSettings.Show();
