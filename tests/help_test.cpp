@@ -44,6 +44,10 @@ const std::vector<std::string> kNames = {"help.html", "pravidla.html", "editovat
 /// A page's text, with ordinary blanks.
 std::string Read(const std::string& path) { return Replaced(ReadFile(path), "\u00A0", " "); }
 
+std::string PageOf(const Help& help, const std::string& name) {
+  return Read(std::string(kHelp).append("/").append(help.letter).append(name));
+}
+
 std::vector<std::string> AllPages() {
   std::vector<std::string> pages;
   for (const auto& entry : fs::recursive_directory_iterator(kHelp)) {
@@ -109,7 +113,7 @@ TEST(HelpPages, TellTheirLanguageAndDescribeTheirPictures) {
   for (const Help& help : kHelps) {
     for (const std::string& name : kNames) {
       SCOPED_TRACE(help.letter + name);
-      const std::string page = Read(kHelp + "/" + help.letter + name);
+      const std::string page = PageOf(help, name);
       EXPECT_NE(page.find("<html lang=\"" + help.code + "\""), std::string::npos);
       EXPECT_NE(page.find("<meta charset=\"utf-8\" />"), std::string::npos);
       EXPECT_EQ(All(page, "<title>([^<]+ – [^<]+)</title>").size(), 1u);
@@ -158,7 +162,7 @@ TEST(HelpPages, ShowEveryTileOfThePaletteUnderItsName) {
   constexpr std::size_t kFirstName = 148;  // of a tile among the texts
   for (const Help& help : kHelps) {
     SCOPED_TRACE(help.code);
-    const std::string page = Read(kHelp + "/" + help.letter + "pravidla.html");
+    const std::string page = PageOf(help, "pravidla.html");
     const std::vector<std::string> names = help.texts.empty() ? std::vector<std::string>() : TextsOf(help);
     std::string shown;
     for (std::size_t at = page.find("data-tiles=\""); at != std::string::npos;
@@ -188,7 +192,7 @@ TEST(HelpPages, CallTheProgramsCaptionsAsTheyAre) {
     std::set<std::string> captions(texts.begin(), texts.end());
     captions.insert({"Zaznamenat hru", "Joystick", "Language"});  // the same in every language
     for (const std::string& name : kNames) {
-      const std::string page = Read(kHelp + "/" + help.letter + name);
+      const std::string page = PageOf(help, name);
       for (const std::string& caption : All(page, "<b class=\"caption\">([^<]*)</b>")) {
         EXPECT_TRUE(captions.contains(caption)) << caption << " in " << help.letter << name;
       }
@@ -199,7 +203,7 @@ TEST(HelpPages, CallTheProgramsCaptionsAsTheyAre) {
 TEST(HelpPages, HaveTheSamePicturesInEachLanguage) {
   for (const std::string& name : kNames) {
     const auto pictures = [&name](const Help& help) {
-      return All(Read(kHelp + "/" + help.letter + name), "src=\"pictures/(?:[a-z][a-z]_)?([^\"]*)\"");
+      return All(PageOf(help, name), "src=\"pictures/(?:[a-z][a-z]_)?([^\"]*)\"");
     };
     EXPECT_EQ(pictures(kHelps[1]), pictures(kHelps[0])) << name;
     EXPECT_EQ(pictures(kHelps[2]), pictures(kHelps[0])) << name;
@@ -208,7 +212,7 @@ TEST(HelpPages, HaveTheSamePicturesInEachLanguage) {
 
 TEST(HelpPages, MoveFilmStripsByWholeFrames) {
   for (const Help& help : kHelps) {
-    const std::string page = Read(kHelp + "/" + help.letter + "pravidla.html");
+    const std::string page = PageOf(help, "pravidla.html");
     const std::regex scene("--n:(\\d+);--w:(\\d+)\"><div><img src=\"([^\"]*)\"");
     int scenes = 0;
     for (std::sregex_iterator i(page.begin(), page.end(), scene); i != std::sregex_iterator(); ++i, ++scenes) {
