@@ -115,8 +115,8 @@ void FrmPoSt::Place() {
   Label1.SetBounds(kRight, kListTop, kRightWidth, kText);
   const int card = kListTop + kText + 12;
   shpCard.SetBounds(kRight, card, kRightWidth, kBottom - card);
-  Image1.MoveTo(kRight + kRightWidth - 50 - 14, card + 12);
-  lblName.SetBounds(kRight + 18, card + 14, kRightWidth - 36 - 50, 62);
+  Image1.MoveTo(kRight + kRightWidth - 42, card - 12);  // on the corner of the card, above the description
+  lblName.SetBounds(kRight + 18, card + 14, kRightWidth - 18 - 50, 62);
   lblName.set_font({22, true, false, false});
   lblName.set_word_wrap(true);
   lblDescr.SetBounds(kRight + 18, 0, kRightWidth - 36, 0);

@@ -38,6 +38,7 @@ class Label : public Captioned {
   void set_middle(bool middle);
   /// Breaks lines at the label's width. Without it a text that is too long ends in an ellipsis.
   void set_word_wrap(bool wrap);
+  bool word_wrap() const { return word_wrap_; }
   /// The label takes the size of its caption; with word wrap its height only, at the width that it has then.
   void set_auto_size(bool auto_size);
   /// Height that the caption needs at the present width.

@@ -41,9 +41,9 @@ constexpr int kSceneTile = 48;  // pixels of a cell in a film strip
 struct Help {
   std::string code;    // as a page tells it
   std::string letter;  // before the names of its pages
-  std::string texts;   // its language file; empty until there is one
+  std::string texts;   // its language file
 };
-const std::vector<Help> kHelps = {{"cs", "", "cestina.zbl"}, {"en", "E", "english.zbl"}, {"ru", "R", ""}};
+const std::vector<Help> kHelps = {{"cs", "", "cestina.zbl"}, {"en", "E", "english.zbl"}, {"ru", "R", "russian.zbl"}};
 const std::vector<std::string> kNames = {"help.html", "pravidla.html", "editovat.html", "prispet.html",
                                          "oprogramu.html"};
 
@@ -82,11 +82,12 @@ std::string Plain(const std::string& html) { return Replaced(html, "&amp;", "&")
 /// The texts of a language, without the blanks around them.
 std::vector<std::string> TextsOf(const Help& help) {
   const LanguageFile file = ReadLanguageFile(std::string(ZORBIK_PROGRAM_DATA "/") + help.texts);
+  const CodePage page = CodePageOf(file.header.number);
   std::vector<std::string> texts;
   for (const std::string& text : file.strings) {
     const std::size_t first = text.find_first_not_of(' ');
     const std::size_t last = text.find_last_not_of(' ');
-    texts.push_back(first == std::string::npos ? "" : ToUtf8(text.substr(first, last - first + 1), CodePage::k1250));
+    texts.push_back(first == std::string::npos ? "" : ToUtf8(text.substr(first, last - first + 1), page));
   }
   return texts;
 }
@@ -177,7 +178,7 @@ TEST(HelpPages, ShowEveryTileOfThePaletteUnderItsName) {
   for (const Help& help : kHelps) {
     SCOPED_TRACE(help.code);
     const std::string page = PageOf(help, "pravidla.html");
-    const std::vector<std::string> names = help.texts.empty() ? std::vector<std::string>() : TextsOf(help);
+    const std::vector<std::string> names = TextsOf(help);
     std::string shown;
     for (std::size_t at = page.find("data-tiles=\""); at != std::string::npos;
          at = page.find("data-tiles=\"", at + 1)) {
@@ -188,7 +189,7 @@ TEST(HelpPages, ShowEveryTileOfThePaletteUnderItsName) {
       shown += tiles;
       for (const char tile : tiles) {
         const auto found = palette.find(tile);
-        if (found == palette.end() || names.empty()) continue;
+        if (found == palette.end()) continue;
         const std::string& name = names[kFirstName + static_cast<std::size_t>(found->second)];
         EXPECT_NE(entry.find(name), std::string::npos) << tile << " is called " << name;
       }
@@ -201,7 +202,6 @@ TEST(HelpPages, ShowEveryTileOfThePaletteUnderItsName) {
 
 TEST(HelpPages, CallTheProgramsCaptionsAsTheyAre) {
   for (const Help& help : kHelps) {
-    if (help.texts.empty()) continue;
     const std::vector<std::string> texts = TextsOf(help);
     std::set<std::string> captions(texts.begin(), texts.end());
     captions.insert({"Zaznamenat hru", "Joystick", "Language"});  // the same in every language

@@ -4,8 +4,8 @@
 #   . "$(dirname "$0")/desktop.sh"
 #
 # and its own arguments are those of start_desktop: BUILD PICTURES [LANGUAGE]. BUILD is a build folder, PICTURES a folder that
-# is made if need be, LANGUAGE english (if none is given) or cestina. With QT_SCALE_FACTOR=2 in the environment the screen has
-# as many times the pixels.
+# is made if need be, LANGUAGE english (if none is given), cestina or russian. With QT_SCALE_FACTOR=2 in the environment the
+# screen has as many times the pixels.
 
 script=$(basename "$0")
 folder=$(dirname "$(realpath "$0")")
@@ -45,6 +45,15 @@ until_true() {
 
 # text NUMBER: a text of the screens, as it stands in the language's source.
 text() { sed -n "s/^$1 \"\(.*\)\"\$/\1/p" "$folder/../../data/jazyk/$language.txt"; }
+
+# in_letters TEXT: a text of a Czech set as it is shown, in the letters of the language that is spoken.
+in_letters() {
+  if [ "$language" = russian ]; then
+    printf '%s' "$1" | iconv -t CP1250 | iconv -f CP1251
+  else
+    printf '%s' "$1"
+  fi
+}
 
 title() { xdotool getactivewindow getwindowname 2>/dev/null || true; }
 has_title() { [ "$(title)" = "$1" ]; }
@@ -149,12 +158,14 @@ start_desktop() {
 start_program() {
   "$home/game/zorbik" "$@" >"$home/said" 2>&1 &
   program=$!
-  case $language in
-    cestina) game=Zorbík ;;
-    *) game=Borzeek ;;
+  case $language in # in the order of the list
+    cestina) game=Zorbík choice='' ;;
+    russian) game=ЗОРБИ choice='Down Down' ;;
+    *) game=Borzeek choice=Down ;;
   esac
   stage 01-language 'Language / Jazyk :'
-  [ "$language" = cestina ] || press Down
+  # shellcheck disable=SC2086 # keys
+  [ -z "$choice" ] || press $choice
   press Return
   stage 02-name "$(text 072)"
   write Eva

@@ -112,6 +112,7 @@ void LookPlayed(FormHra& form) {
 void Shoot(const Options& options) {
   const std::string folder = ZORBIK_PROGRAM_DATA;
   NactiJazyk(folder + "/" + options.language);
+  platform::Application::set_default_charset(platform::CharsetOf(PageInForce()));
   // No box waits for anybody. One tells whose record it is; any other, that it does not fit.
   std::string fault;
   platform::SetBoxResponder([&fault](const platform::MessageBox& box) {

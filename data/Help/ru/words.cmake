@@ -1,7 +1,7 @@
 set(hero "Зорби")
 set(logo logo_zorbi.svg)
 set(web_host ${kWebHostRussian})
-set(windows en)  # until there are windows in Russian
+set(windows ru)
 set(short_words "в|В|к|К|с|С|о|О|у|У|и|И|а|А|я|Я")
 set(skip "К содержанию")
 set(pages "Страницы справки")

@@ -1,24 +1,22 @@
 // help_windows: pictures of the program's windows for the help, as a player finds them after a few caves.
 
-#include <cstdlib>
-#include <filesystem>
 #include <iostream>
 #include <string>
 
 #include "base/code_page.h"
 #include "base/fault.h"
 #include "base/files.h"
+#include "base/folders.h"
+#include "base/language.h"
 #include "campaign/players.h"
 #include "cave/scramble.h"
 #include "engine/recording.h"
+#include "own_home.h"
 #include "platform/application.h"
 #include "platform/testing.h"
 #include "shell/program.h"
-#include "shell/registry_values.h"
 
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr const char* kUsage =
     "Usage: help_windows LANGUAGE.zbl PLAYER PREFIX\n"
@@ -29,28 +27,6 @@ constexpr const char* kUsage =
 constexpr int kCavesWon = 5;
 constexpr int kSelected = 6;
 constexpr int kEdited = 10;
-
-/// A folder of its own for all that the program writes, gone in the end.
-class Home {
- public:
-  Home() {
-    std::string pattern = (fs::temp_directory_path() / "help-windows-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw Fault("There is no temporary folder.");
-    path_ = pattern;
-    setenv("XDG_CONFIG_HOME", (path_ / "config").c_str(), 1);
-  }
-  ~Home() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-  }
-  Home(const Home&) = delete;
-  Home& operator=(const Home&) = delete;
-
-  std::string data() const { return (path_ / "data").string(); }
-
- private:
-  fs::path path_;
-};
 
 /// The shipped record of a cave as the player's own.
 void CopyRecord(const FrmPoSt& overview, std::size_t cave, const std::string& player) {
@@ -83,16 +59,13 @@ void ShootEditors(Program& program, const std::string& prefix) {
 }
 
 void Shoot(const std::string& language, const std::string& player, const std::string& prefix) {
-  const Home home;
-  CreateProgramKey();
-  WriteText(registry::kJazyk, language);
-  fs::create_directories(home.data() + "/Hráči/" + player);
+  const OwnHome home(language, player);
   Program program(ZORBIK_PROGRAM_DATA, "zorbik", home.data());
   program.Main();
   program.frmStart2.Label1_Click();
   Save(program.frmStart2, prefix + "start.png");
 
-  const std::string name = FromUtf8(player, CodePage::k1250);
+  const std::string name = FromUtf8(player, PageInForce());
   program.frmStart2.Command3_Click();
   for (std::size_t cave = 1; cave <= kCavesWon; ++cave) CopyRecord(program.frmPoSt, cave, name);
   program.frmStart2.Command3_Click();

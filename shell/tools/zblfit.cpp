@@ -1,0 +1,148 @@
+// zblfit: texts of language files that the program's screens cut off.
+
+#include <array>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/code_page.h"
+#include "base/fault.h"
+#include "base/lang_str.h"
+#include "base/language.h"
+#include "own_home.h"
+#include "platform/application.h"
+#include "platform/cramped.h"
+#include "platform/message_box.h"
+#include "platform/testing.h"
+#include "shell/program.h"
+
+namespace {
+
+constexpr const char* kUsage =
+    "zblfit FILE.zbl...    look for texts of language files that the screens cut off\n"
+    "Ends with 0 when there are none, 1 when there are, 2 when it was called wrongly.\n";
+
+/// Rows that a running cave shows in the panel of its messages.
+constexpr std::array<std::size_t, 9> kMessages = {89, 90, 91, 96, 101, 102, 103, 104, 105};
+
+std::string Trimmed(const std::string& text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// The row whose text makes up most of a caption; "a text of the program" for a caption that comes from no row.
+std::string RowIn(const std::string& caption) {
+  std::size_t longest = 0;
+  std::string row = "a text of the program";
+  for (std::size_t i = 0; i < LangStr.size(); ++i) {
+    const std::string text = Trimmed(LangStr[i]);
+    if (text.size() <= longest || caption.find(text) == std::string::npos) continue;
+    longest = text.size();
+    row = "row " + std::string(3 - std::to_string(i).size(), '0') + std::to_string(i);
+  }
+  return row;
+}
+
+/// Tells of the texts of one language that are cut off.
+class Fit {
+ public:
+  explicit Fit(std::string file) : file_(std::move(file)) {}
+
+  void Look(const char* name, const platform::Form& form) {
+    for (const platform::Cramped& text : platform::CrampedTexts(form)) {
+      Tell(name, text.control->caption(), text.pixels, text.high);
+    }
+  }
+
+  /// A message is as wide as its text, and the window has to hold it.
+  void LookAtMessages(FormHra& form) {
+    for (const std::size_t row : kMessages) {
+      form.ShowMessage(LangStr[row], 0xFFFFFF);
+      if (form.Picture6.left() < 0) Tell("hra", LangStr[row], -2 * form.Picture6.left(), false);
+    }
+  }
+
+  bool good() const { return good_; }
+
+ private:
+  void Tell(const char* form, const std::string& caption, int pixels, bool high) {
+    good_ = false;
+    std::printf("%s: %s, in %s: \"%s\" is %d pixels too %s\n", file_.c_str(), RowIn(caption).c_str(), form,
+                ToUtf8(caption, PageInForce()).c_str(), pixels, high ? "high" : "wide");
+  }
+
+  std::string file_;
+  bool good_ = true;
+};
+
+/// True when every text of the file has its room on the screens.
+bool Check(const std::string& path) {
+  platform::Application::set_default_charset(platform::Charset::kCentralEuropean);  // as at every start
+  const OwnHome home("cestina.zbl", "Eva");
+  Program program(ZORBIK_PROGRAM_DATA, "zorbik", home.data());
+  program.Main();
+  NactiJazyk(std::filesystem::absolute(path).string());
+
+  Fit fit(path);
+  program.frmStart2.Command3_Click();  // to the overview of the shipped set, whose last cave is locked
+  program.frmPoSt.lblCave_Click(program.frmPoSt.PocetK);
+  fit.Look("frmPoSt", program.frmPoSt);
+  program.frmPoSt.lblCave_Click(1);
+  program.frmPoSt.Command2_Click();  // into the cave
+  program.hra.tmrHra.Stop();
+  fit.Look("hra", program.hra);
+  fit.LookAtMessages(program.hra);
+  program.hra.Hide();
+
+  fit.Look("frmStart2", program.frmStart2);
+  fit.Look("frmSettings", program.frmSettings);
+  fit.Look("frmAnalyze", program.frmAnalyze);
+  fit.Look("frmAbout", program.frmAbout);
+  fit.Look("frmDialog2", program.frmDialog2);
+  fit.Look("frmDialog3", program.frmDialog3);
+  fit.Look("frmLoading", program.frmLoading);
+  fit.Look("frmSLang", program.frmSLang);
+  fit.Look("frmSada", program.frmSada);
+  fit.Look("frmMain", program.frmMain);
+  fit.Look("frmFormality", program.frmFormality);
+  return fit.good();
+}
+
+int Run(const std::vector<std::string>& words) {
+  if (words.size() == 1 && words[0] == "--help") {
+    std::fputs(kUsage, stdout);
+    return 0;
+  }
+  if (words.empty()) {
+    std::fputs(kUsage, stderr);
+    return 2;
+  }
+  platform::SetBoxResponder([](const platform::MessageBox&) { return platform::BoxAnswer::kOk; });
+  bool good = true;
+  for (const std::string& file : words) {
+    try {
+      good = Check(file) && good;
+    } catch (const Fault& fault) {
+      std::fprintf(stderr, "zblfit: %s\n", fault.message().c_str());
+      good = false;
+    }
+  }
+  return good ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::vector<std::string> words(argv + 1, argv + argc);
+  try {
+    platform::user::UseOffscreen(800, 600);  // the smallest screen that holds the program
+    platform::Application application(argc, argv, "zblfit");
+    return Run(words);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "zblfit: %s\n", error.what());
+    return 1;
+  }
+}
