@@ -18,7 +18,8 @@ void SetOpaque(const Control& control, bool opaque) { CanvasOf(control).setAttri
 void DrawLines(QPainter& painter, const TextLayout& text, const QSize& area, Alignment alignment, bool middle) {
   const QFontMetrics metrics(painter.font());
   int y = text.baseline + (middle ? (area.height() - text.height()) / 2 : 0);
-  for (const QString& line : text.lines) {
+  for (QString line : text.lines) {
+    if (alignment == Alignment::kCentre) line = line.trimmed();  // a blank at one end would push it aside
     const int room = area.width() - metrics.horizontalAdvance(line);
     const int x = alignment == Alignment::kLeft ? 0 : alignment == Alignment::kCentre ? room / 2 : room;
     painter.drawText(x, y, line);
