@@ -190,8 +190,8 @@ class Stage {
 
   void PaintTransfer(int step, int picture) {
     const int quarters = step - 1;
-    painter_.PaintShrunk(game_.TeleportSource.x, game_.TeleportSource.y, picture, 4 - quarters);
-    painter_.PaintShrunk(game_.TeleportTarget.x, game_.TeleportTarget.y, picture, quarters);
+    painter_.PaintShrunk(game_.TeleportSourceX, game_.TeleportSourceY, picture, 4 - quarters);
+    painter_.PaintShrunk(game_.TeleportTargetX, game_.TeleportTargetY, picture, quarters);
   }
 
   const Scene& scene_;
