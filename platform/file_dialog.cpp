@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QSplitter>
 #include <QTreeView>
 #include <QUrl>
 #include <algorithm>
@@ -77,6 +78,7 @@ class Dialog : public QFileDialog {
     setWindowModality(Qt::ApplicationModal);
     ShowDetails();
     resize(720, 460);
+    if (auto* halves = findChild<QSplitter*>("splitter")) halves->setSizes({150, width() - 150});
   }
 
   std::string Run() {

@@ -273,7 +273,9 @@ void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex*
 
 QSize Look::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                              const QWidget* widget) const {
-  const QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
+  QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
+  constexpr int kButtonEdges = 16;
+  if (type == CT_PushButton) result.rwidth() += kButtonEdges;
   const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
   const bool separator = type == CT_MenuItem && item && item->menuItemType == QStyleOptionMenuItem::Separator;
   constexpr int kSeparatorHeight = 9;
