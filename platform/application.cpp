@@ -72,9 +72,7 @@ class KeyTap : public QObject {
  public:
   bool eventFilter(QObject* receiver, QEvent* event) override {
     if (event->type() == QEvent::ApplicationStateChange) {
-      if (static_cast<QApplicationStateChangeEvent*>(event)->applicationState() != Qt::ApplicationActive) {
-        ReleaseAllKeys();
-      }
+      SetProgramActive(static_cast<QApplicationStateChangeEvent*>(event)->applicationState() == Qt::ApplicationActive);
       return false;
     }
     // Qt drops what comes to a window behind a modal one, the release of a key too.

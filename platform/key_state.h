@@ -15,6 +15,11 @@ void FeedKey(const QKeyEvent& event);
 /// Lets go of all keys and forgets all presses.
 void ReleaseAllKeys();
 
+/// The desktop says whether the program has the input: without it all keys are let go.
+void SetProgramActive(bool active);
+/// True, too, when the desktop has said nothing yet.
+bool ProgramActive();
+
 /// A Qt key, with its modifiers, that gives a virtual-key code.
 struct QtKey {
   int key = 0;

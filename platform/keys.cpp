@@ -44,6 +44,8 @@ int CodeOfPlace(quint32 scan_code) {
   return 0;
 }
 
+bool program_active = true;
+
 struct KeyState {
   std::unordered_map<quint64, int> down;  // code of each physical key that is held
   std::bitset<256> pressed;               // since the last question
@@ -100,6 +102,13 @@ void FeedKey(const QKeyEvent& event) {
 }
 
 void ReleaseAllKeys() { State() = {}; }
+
+void SetProgramActive(bool active) {
+  program_active = active;
+  if (!active) ReleaseAllKeys();
+}
+
+bool ProgramActive() { return program_active; }
 
 bool Held(int code) {
   if (code < 0 || code > 255) return false;

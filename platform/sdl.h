@@ -12,4 +12,9 @@ namespace platform {
 bool StartSdl(Uint32 part);
 void StopSdl(Uint32 part);
 
+/// The same for a thread that must not wait: while another one is inside, nothing is done. False when nothing was done
+/// or the part cannot be had.
+bool TryStartSdl(Uint32 part);
+bool TryStopSdl(Uint32 part);
+
 }  // namespace platform

@@ -17,6 +17,7 @@
 
 namespace {
 
+constexpr int kJoystickSensitivity = 2;  // half of the way from the centre to the end
 constexpr platform::Colour kLampOut = platform::Rgb(0x2A1010);
 
 std::uint64_t ClockOfTheDay() {
@@ -72,6 +73,8 @@ void FormHra::MakeHooks() {
   hooks_.dropKeys = [] {
     for (int code = 0; code < 256; ++code) platform::Held(code);
   };
+  hooks_.joystickDirection = [this] { return joyStick_.JoyDirection(kJoystickSensitivity); };
+  hooks_.joystickButtons = [this] { return joyStick_.JoyButtons(); };
   hooks_.clock = ClockOfTheDay;
   hooks_.startTimer = [this] { tmrHra.Start(); };
   hooks_.stopTimer = [this] { StopTick(); };
@@ -212,6 +215,13 @@ void FormHra::LeaveTestPlay(const Fault& fault) {
   StopTick();
   TellFault(fault);
   EndGame_Click();
+}
+
+/// A joystick that is not wanted is left alone: nothing of it is started, and it may sleep.
+int FormHra::ReadJoystick(platform::JoystickRecord& record) {
+  if (settings_.Joystick != 0) return joystick_.Read(record);
+  joystick_.Close();
+  return 0;
 }
 
 void FormHra::KeyDown(platform::KeyEvent& event) {

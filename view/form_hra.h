@@ -10,8 +10,10 @@
 #include "engine/hra.h"
 #include "platform/controls.h"
 #include "platform/form.h"
+#include "platform/joystick.h"
 #include "platform/timer.h"
 #include "view/cave_painter.h"
+#include "view/joystick.h"
 #include "view/tile_pictures.h"
 
 class Fault;
@@ -141,6 +143,7 @@ class FormHra : public platform::Form {
   void ShowBox(const std::string& text, const std::string& title);
   void StopTick();
   void KeyDown(platform::KeyEvent& event);
+  int ReadJoystick(platform::JoystickRecord& record);
   void WinGame();
   std::string RecordPath() const;
   void StartReplay();
@@ -156,6 +159,8 @@ class FormHra : public platform::Form {
   std::unique_ptr<TilePictures> pictures_;
   std::array<platform::Picture, picture::kCount> small_;  // those of the strip
   CavePainter painter_{KOMNATA.surface()};
+  platform::Joystick joystick_;
+  JoyStick joyStick_{[this](platform::JoystickRecord& record) { return ReadJoystick(record); }};
   double left_ = 0;  // of the surface in Ram, logical pixels
   double top_ = 0;
   std::array<int, 5> scrollAge_{};  // ticks for which an arrow key has been held in free scrolling

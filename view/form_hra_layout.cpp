@@ -105,6 +105,7 @@ void FormHra::FrmLoad() {
   set_min_size(Frame1.width(), Frame1.height());
   if (width() < Frame1.width() || height() < Frame1.height()) Resize(Frame1.width(), Frame1.height());
   Form_Resize();
+  joyStick_.JoyInit();
 }
 
 void FormHra::LoadPictures(int iconSize) {
