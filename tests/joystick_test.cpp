@@ -160,7 +160,10 @@ class DeviceTest : public testing::Test {
 
 class Reading : public JoystickRecord {
  public:
-  Reading() : JoystickRecord{kSize, kAllFields} {}
+  Reading() {
+    size = kSize;
+    flags = kAllFields;
+  }
   explicit Reading(Joystick& joystick) : Reading() { device = joystick.Read(*this); }
   std::pair<std::uint32_t, std::uint32_t> place() const { return {x, y}; }
 
