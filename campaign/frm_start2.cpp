@@ -133,7 +133,9 @@ void FrmStart2::List2_Click() {
 }
 
 void FrmStart2::Command1_Click() {
-  if (AskForPlayer()) FindPlrs();
+  if (!AskForPlayer()) return;
+  FindPlrs();
+  List1.SetFocus();  // what comes next is to play
 }
 
 /// True when there is a new player.

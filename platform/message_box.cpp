@@ -2,11 +2,13 @@
 
 #include <QFontMetrics>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <algorithm>
 #include <utility>
 
 #include "platform/application.h"
+#include "platform/key_state.h"
 #include "platform/native.h"
 #include "platform/timer.h"
 
@@ -66,6 +68,31 @@ void WidenForTitle(QMessageBox& box) {
   }
 }
 
+/// Closes a box by a key of its own. Only letting the key go closes it, and only when it was struck here: the stroke
+/// that brought the box does not close it at once, and the key is not held any more by what comes after.
+class OwnKey : public QObject {
+ public:
+  /// code: of the key; 0 for none.
+  OwnKey(QMessageBox& box, int code) : box_(box), code_(code) {
+    if (code != 0) box.installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool down = event->type() == QEvent::KeyPress;
+    if (!down && event->type() != QEvent::KeyRelease) return QObject::eventFilter(watched, event);
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (key.isAutoRepeat() || VirtualKey(key) != code_) return QObject::eventFilter(watched, event);
+    if (!down && struck_) box_.accept();
+    struck_ = down;
+    return true;
+  }
+
+ private:
+  QMessageBox& box_;
+  int code_;
+  bool struck_ = false;
+};
+
 }  // namespace
 
 BoxAnswer ShowMessageBox(const MessageBox& box) {
@@ -80,6 +107,7 @@ BoxAnswer ShowMessageBox(const MessageBox& box) {
   window.setStandardButtons(ToQt(box.buttons));
   window.setWindowModality(Qt::ApplicationModal);
   WidenForTitle(window);
+  const OwnKey own_key(window, box.key);
   return FromQt(window.exec());
 }
 

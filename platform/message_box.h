@@ -15,6 +15,7 @@ struct MessageBox {
   std::string title;
   BoxButtons buttons = BoxButtons::kOk;
   BoxIcon icon = BoxIcon::kNone;
+  int key = 0;  // virtual-key code of a key that closes the box as Enter does, when it is struck and let go; 0: none
 };
 
 /// Shows a modal box and returns the button pressed. Escape and the close button answer the last button: kOk, kNo or

@@ -347,6 +347,7 @@ TEST(StartTest, KeepsThePlaceOfThePlayerInTheListAndNotTheName) {
   add("Adam");
   EXPECT_THAT(boxes.texts.back(), HasSubstr("Adam"));
   EXPECT_EQ(start.List2.count(), 3);
+  EXPECT_TRUE(start.List1.has_focus()) << "ready to play";
   EXPECT_EQ(desk.program->hra.PlayerName, "Karel") << "whose place is now the second";
 
   WriteNumber(registry::kPosledniHrac, 7);

@@ -121,6 +121,26 @@ TEST(MessageBoxTest, ButtonsAnswerByKeyAndEscapeTakesTheLast) {
   EXPECT_EQ(answer(BoxButtons::kYesNoCancel, {kKeyTab, kKeySpace}), BoxAnswer::kNo);
 }
 
+TEST(MessageBoxTest, AKeyOfItsOwnClosesItWhenStruckInsideAndLetGo) {
+  ShownForm form;
+  std::string seen;
+  user::PressKey('P');  // still held when the box comes
+  user::WhenFront([&] {
+    user::ReleaseKey('P');
+    user::TapKey('Q');
+    user::Wait(30);
+    seen += user::HasInput(form) ? "closed " : "open ";
+    user::PressKey('P');
+    user::Wait(30);
+    seen += user::HasInput(form) ? "closed" : "open";
+    user::ReleaseKey('P');
+  });
+  EXPECT_EQ(ShowMessageBox({"text", "title", BoxButtons::kOk, BoxIcon::kNone, 'P'}), BoxAnswer::kOk);
+  EXPECT_EQ(seen, "open open");
+  EXPECT_TRUE(Held('P')) << "pressed since it was last asked for";
+  EXPECT_FALSE(Held('P')) << "and held no longer";
+}
+
 TEST(MessageBoxTest, ResponderSeesTheBox) {
   MessageBox seen;
   SetBoxResponder([&](const MessageBox& box) {

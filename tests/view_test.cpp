@@ -216,8 +216,24 @@ TEST(GameKeysTest, PauseBoxStopsTheGameAndForgetsKeys) {
   const Boxes boxes;
   user::TapKey('P');
   game.Tick(2);
+  user::TapKey('P');
   game.form.game.hooks->idlePause();
+  EXPECT_FALSE(Held('P')) << "what goes on with the game does not pause it again";
   EXPECT_THAT(boxes.texts, ElementsAre(HeroName + ": " + LangStr[97], LangStr[98] + ": " + LangStr[100]));
+}
+
+TEST(GameViewTest, TheLastTenSecondsStandOut) {
+  Game game(DirtCave(19, 11, 5, 5));
+  game.Start();
+  game.form.game.ElapsedTime = game.form.game.TimeLimit - 11.25;
+  game.Tick();
+  EXPECT_EQ(game.form.lblCas.caption(), "011");
+  EXPECT_EQ(game.form.lblCas.fore_colour(), std::nullopt);
+  game.Tick(3);
+  EXPECT_EQ(game.form.lblCas.caption(), "010");
+  EXPECT_NE(game.form.lblCas.fore_colour(), std::nullopt);
+  game.Start();
+  EXPECT_EQ(game.form.lblCas.fore_colour(), std::nullopt) << "a new start";
 }
 
 /// The pictures of the strip, by hero.
@@ -273,7 +289,10 @@ TEST(GameHeroesTest, TabAndNumbersSelectAndTheStripShowsIt) {
   game.Tick();
   EXPECT_THAT(strip(), ElementsAre(kDead, kDead, kDead));
   EXPECT_TRUE(game.form.Picture8.visible()) << "nobody is left: how to go on";
-  game.Start();
+  user::TapKey(kKeySpace);
+  EXPECT_EQ(game.restarts, 0) << "may have been meant for the hero";
+  user::TapKey(kKeyEnter);
+  EXPECT_EQ(game.restarts, 1);
   EXPECT_FALSE(game.form.Picture8.visible());
 
   Game alone(Cave("1;;"));

@@ -58,7 +58,8 @@ class WinningTest : public testing::Test {
     game.Start();
     user::PressKey(kKeyRight);
     user::WhenFront([this] {
-      shown.push_back(analyze.Label2.caption() + analyze.Label3.caption() + (analyze.Image1.visible() ? " bonus" : ""));
+      shown.push_back(analyze.Label2.caption() + analyze.Label3.caption() + (analyze.Image1.visible() ? " bonus" : "") +
+                      (analyze.lblBonus.visible() ? " " + analyze.lblBonus.caption() : ""));
       countdown = analyze.Label4.caption();
       user::ReleaseKey(kKeyRight);
       user::TapKey(kKeyEnter);
@@ -121,7 +122,7 @@ TEST_F(WinningTest, ShowsTheSumAndWritesARecordThatReplays) {
 
 TEST_F(BonusTest, CountsInTheRecordAndNotInTheSum) {
   Win();
-  EXPECT_THAT(shown, ElementsAre(HasSubstr("= 00159 bonus")));
+  EXPECT_THAT(shown, ElementsAre(HasSubstr("= 00159 bonus + 500")));
   EXPECT_EQ(ReadRecording(ReadFile(folder.Path("Eva/Sada 1 - Bonusová.zbr"))).score, 659);
 }
 

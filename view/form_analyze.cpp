@@ -5,6 +5,7 @@
 #include "base/code_page.h"
 #include "base/lang_str.h"
 #include "base/text.h"
+#include "engine/recording.h"
 #include "platform/application.h"
 #include "platform/keys.h"
 #include "view/tile_pictures.h"
@@ -35,6 +36,10 @@ FormAnalyze::FormAnalyze(const std::string& programFolder) {
   shpLine.set_line_width(0);
   Image1.set_picture(
       LoadExtra(programFolder + "/pictures", picture::kBonus, 50, 50, platform::Application::PixelRatio()));
+  lblBonus.set_caption("+ " + std::to_string(kBonusPoints));
+  lblBonus.set_font({18, true, false, false});
+  lblBonus.set_fore_colour(platform::Application::theme().accent);
+  lblBonus.set_middle(true);
   ShowSum({}, false);
   Command1.set_caption("OK");
   Command1.on_click = [this] { Command1_Click(); };
@@ -64,6 +69,7 @@ void FormAnalyze::ShowSum(const WinSum& sum, bool bonus) {
                      lblValue[5].caption() + " + " + lblValue[1].caption() + lblValue[2].caption() + " = ");
   Label3.set_caption(Digits(sum.Score(), 5));
   Image1.set_visible(bonus);
+  lblBonus.set_visible(bonus);
   Label4.set_caption("");
   Place();
 }
@@ -112,6 +118,7 @@ void FormAnalyze::Place() {
   Label3.SetBounds(kEdge + inner - result, top, result, 48);
   top += 62;
   Image1.MoveTo(kEdge, top);
+  lblBonus.SetBounds(kEdge + 54, top + 6, lblBonus.text_width() + 2, 38);
   Command1.SetBounds(kEdge + (inner - 140) / 2, top + 6, 140, 38);
   Label4.SetBounds(kEdge + inner - 60, top + 6, 60, 38);
   Resize(inner + 2 * kEdge, top + 50 + kEdge);

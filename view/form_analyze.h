@@ -34,10 +34,11 @@ class FormAnalyze : public platform::Form {
   std::array<platform::Label, 6> lblValue{platform::Label{this}, platform::Label{this}, platform::Label{this},
                                           platform::Label{this}, platform::Label{this}, platform::Label{this}};
   platform::Shape shpLine{this};
-  platform::Image Image1{this};  // the bonus mark
-  platform::Label Label2{this};  // the sum
-  platform::Label Label3{this};  // the result
-  platform::Label Label4{this};  // seconds of the countdown; a click keeps the screen
+  platform::Image Image1{this};    // the bonus mark
+  platform::Label lblBonus{this};  // and its points
+  platform::Label Label2{this};    // the sum
+  platform::Label Label3{this};    // the result
+  platform::Label Label4{this};    // seconds of the countdown; a click keeps the screen
   platform::Button Command1{this};
   platform::Timer Timer1{1000};
 

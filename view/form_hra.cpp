@@ -80,11 +80,11 @@ void FormHra::MakeHooks() {
   hooks_.stopTimer = [this] { StopTick(); };
   hooks_.pause = [this] {
     ShowCounters();
-    ShowBox(LangStr[97], HeroName);
+    ShowPause(LangStr[97], HeroName);
   };
   hooks_.idlePause = [this] {
     ShowCounters();
-    ShowBox(LangStr[100], LangStr[98]);
+    ShowPause(LangStr[100], LangStr[98]);
   };
   hooks_.readReplayLine = [this](std::string& line) { return ReadReplayLine(line); };
   hooks_.won = [this] { WinGame(); };
@@ -229,7 +229,11 @@ void FormHra::KeyDown(platform::KeyEvent& event) {
   switch (event.code) {
     case platform::kKeyEnter:
     case platform::kKeySpace:
-      if (Picture5.visible()) Command1_Click();
+      if (Picture5.visible()) {
+        Command1_Click();
+      } else if (Picture8.visible() && event.code == platform::kKeyEnter) {
+        Command3_Click();  // nothing is left to do but that; Space may still be struck to act
+      }
       break;
     case platform::kKeyEscape:
       EndGame_Click();

@@ -140,7 +140,7 @@ class FormHra : public platform::Form {
   void MoveSurface(double left, double top);
   void ScrollFreely();
   void Flash();
-  void ShowBox(const std::string& text, const std::string& title);
+  void ShowPause(const std::string& text, const std::string& title);
   void StopTick();
   void KeyDown(platform::KeyEvent& event);
   int ReadJoystick(platform::JoystickRecord& record);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "base/lang_str.h"
 #include "base/language.h"
@@ -119,8 +120,10 @@ void FormHra::Flash() {
   pctBlesk.set_visible(false);
 }
 
-void FormHra::ShowBox(const std::string& text, const std::string& title) {
-  platform::ShowMessageBox({text, title, platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
+/// The key that pauses the game also goes on with it.
+void FormHra::ShowPause(const std::string& text, const std::string& title) {
+  platform::ShowMessageBox({text, title, platform::BoxButtons::kOk, platform::BoxIcon::kInformation, key::kP});
+  platform::Held(key::kP);  // the stroke has done its work
 }
 
 void FormHra::ShowCounters() {
@@ -129,6 +132,9 @@ void FormHra::ShowCounters() {
   lblTreba.set_caption(Digits(game.Need, 3));
   lblBz1.set_caption(Digits(game.PointsNow, 2));
   lblBody.set_caption(Digits(game.Score, 5));
+  constexpr int kLastSeconds = 10;  // those that are heard, too
+  constexpr platform::Colour kHurry = platform::Rgb(0xFFD23F);
+  lblCas.set_fore_colour(game.lblCas > kLastSeconds ? std::optional<platform::Colour>() : kHurry);
   if (lblCas.text_width() > lblCas.width() || lblBz1.text_width() > lblBz1.width()) PlaceCounters();
 }
 
