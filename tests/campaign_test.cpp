@@ -29,7 +29,6 @@
 #include "desk.h"
 #include "engine/recording.h"
 #include "fault_check.h"
-#include "platform/application.h"
 #include "platform/file_dialog.h"
 #include "platform/keys.h"
 #include "platform/links.h"
@@ -911,12 +910,3 @@ TEST(SettingsTest, LastFromOneStartToTheNext) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  ::testing::InitGoogleTest(&argc, argv);
-  user::UseOffscreen(1024, 768);
-  Application application(argc, argv, "Zorbik");
-  Form other;  // with no window on the screen the program would end
-  other.Show();
-  return RUN_ALL_TESTS();
-}

@@ -459,12 +459,3 @@ TEST(CaveEditor, ClosingHandsTheCaveBack) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  ::testing::InitGoogleTest(&argc, argv);
-  user::UseOffscreen(1024, 768);
-  Application application(argc, argv, "Zorbik");
-  Form other;  // with no window on the screen the program would end
-  other.Show();
-  return RUN_ALL_TESTS();
-}

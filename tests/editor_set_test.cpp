@@ -15,7 +15,6 @@
 #include "cave/scramble.h"
 #include "cave/set_file.h"
 #include "desk.h"
-#include "platform/application.h"
 #include "platform/file_dialog.h"
 #include "platform/keys.h"
 
@@ -530,12 +529,3 @@ TEST(SetEditor, LeavesCavesWhoseNumbersAFileLeavesOut) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  ::testing::InitGoogleTest(&argc, argv);
-  user::UseOffscreen(1024, 768);
-  Application application(argc, argv, "Zorbik");
-  Form other;  // with no window on the screen the program would end
-  other.Show();
-  return RUN_ALL_TESTS();
-}
