@@ -77,7 +77,7 @@ class Dialog : public QFileDialog {
     setIconProvider(&icons_);
     setWindowModality(Qt::ApplicationModal);
     ShowDetails();
-    resize(720, 460);
+    resize(780, 460);
     if (auto* halves = findChild<QSplitter*>("splitter")) halves->setSizes({150, width() - 150});
   }
 
