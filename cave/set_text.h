@@ -51,3 +51,10 @@ std::string SetToText(const std::vector<std::string>& lines, CodePage page);
 /// The lines of a set in readable form; page, if given, receives its code page. Throws Fault when the text has a
 /// mistake: its file() is then "FILE:LINE" with the given name of the file.
 std::vector<std::string> SetFromText(std::string_view text, const std::string& file, CodePage* page = nullptr);
+
+/// A set in readable form with its texts taken, in their order, from another file: the code page, the names and
+/// descriptions of the set and of its caves, the author and the congratulation. So the caves have one home, whatever
+/// the languages. That file starts with the line "zorbik texts" and holds these fields alone. Throws Fault, which names
+/// the file and the line, where it does not follow the set or does not fit its code page.
+std::string WithTexts(std::string_view text, const std::string& file, std::string_view texts,
+                      const std::string& textsFile);

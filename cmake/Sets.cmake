@@ -1,7 +1,8 @@
-# zorbik_sets(TARGET [DESTINATION folder] SOURCES a.txt b.txt ...): cave sets built from their readable form. Each a.txt
-# becomes a.zb in the folder, which is data/Komnaty of the build folder unless another is named.
+# zorbik_sets(TARGET [DESTINATION folder] SOURCES a.txt b.txt ... [TRANSLATIONS texts/a_en.txt ...]): cave sets built from
+# their readable form. Each a.txt becomes a.zb in the folder, which is data/Komnaty of the build folder unless another is
+# named; each texts/a_en.txt becomes a_en.zb, which is the first source with those texts.
 function(zorbik_sets target)
-  cmake_parse_arguments(sets "" "DESTINATION" "SOURCES" ${ARGN})
+  cmake_parse_arguments(sets "" "DESTINATION" "SOURCES;TRANSLATIONS" ${ARGN})
   if(NOT sets_DESTINATION)
     set(sets_DESTINATION ${CMAKE_BINARY_DIR}/data/Komnaty)
   endif()
@@ -13,6 +14,17 @@ function(zorbik_sets target)
     set(result ${sets_DESTINATION}/${name}.zb)
     add_custom_command(
       OUTPUT ${result} COMMAND zbtext --to-set ${source} ${result} DEPENDS zbtext ${source}
+      COMMENT "Building cave set ${name}.zb" VERBATIM)
+    list(APPEND results ${result})
+  endforeach()
+  foreach(texts IN LISTS sets_TRANSLATIONS)
+    get_filename_component(texts ${texts} ABSOLUTE)
+    get_filename_component(name ${texts} NAME_WLE)
+    list(GET sets_SOURCES 0 source)
+    get_filename_component(source ${source} ABSOLUTE)
+    set(result ${sets_DESTINATION}/${name}.zb)
+    add_custom_command(
+      OUTPUT ${result} COMMAND zbtext --to-set --texts ${texts} ${source} ${result} DEPENDS zbtext ${source} ${texts}
       COMMENT "Building cave set ${name}.zb" VERBATIM)
     list(APPEND results ${result})
   endforeach()

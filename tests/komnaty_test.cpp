@@ -11,6 +11,7 @@
 #include "base/code_page.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "cave/cave_text.h"
 #include "cave/names.h"
 #include "cave/set_file.h"
 #include "tools/script_player.h"
@@ -22,12 +23,14 @@ using testing::HasSubstr;
 constexpr int kCaves = 20;
 constexpr std::uint64_t kSeeds = 25;
 
+std::unique_ptr<PlayedSet> Loaded(const std::string& name) {
+  auto loaded = std::make_unique<PlayedSet>();
+  LoadColl(KOMNATY_FOLDER "/" + name, *loaded);
+  return loaded;
+}
+
 const PlayedSet& Komnaty() {
-  static const std::unique_ptr<PlayedSet> set = [] {
-    auto loaded = std::make_unique<PlayedSet>();
-    LoadColl(KOMNATY_FOLDER "/Komnaty.zb", *loaded);
-    return loaded;
-  }();
+  static const std::unique_ptr<PlayedSet> set = Loaded("Komnaty.zb");
   return *set;
 }
 
@@ -111,6 +114,34 @@ TEST(Komnaty, TheSetAsAWhole) {
   EXPECT_EQ(set.StavK[1], Open);
   EXPECT_FALSE(JeBonus(Cave(1).Name) || JeBonus(Cave(kCaves).Name));
   EXPECT_THAT(open, testing::AllOf(testing::Gt(1), testing::Lt(kCaves / 2))) << "starts, so that nobody gets stuck";
+}
+
+/// A cave without what is written in it.
+std::string Untold(CaveRecord cave) {
+  cave.Name.clear();
+  cave.Description.clear();
+  return BuildCaveText(cave);
+}
+
+// Only what is written differs, and is written in letters that show: the name of the set in every language.
+TEST(Komnaty, HasTheSameCavesInEveryLanguage) {
+  for (const char* name : {"Komnaty_en.zb", "Komnaty_ru.zb"}) {
+    SCOPED_TRACE(name);
+    const std::unique_ptr<PlayedSet> set = Loaded(name);
+    ASSERT_EQ(set->PocetK, kCaves);
+    EXPECT_EQ(set->StavK, Komnaty().StavK);
+    EXPECT_TRUE(std::all_of(set->Name.begin(), set->Name.end(), [](char c) { return c >= ' ' && c <= '~'; }));
+    EXPECT_THAT(set->Gratulace, HasSubstr("$P"));
+    std::set<std::string> files;
+    for (int i = 1; i <= kCaves; ++i) {
+      const CaveRecord& cave = set->KomRec[static_cast<std::size_t>(i)];
+      files.insert(CistyNazev(cave.Name));
+      EXPECT_EQ(JeBonus(cave.Name), JeBonus(Cave(i).Name)) << i;
+      EXPECT_NE(cave.Description, Cave(i).Description) << i;
+      EXPECT_EQ(Untold(cave), Untold(Cave(i))) << i;
+    }
+    EXPECT_EQ(files.size(), static_cast<std::size_t>(kCaves));
+  }
 }
 
 // Where gems have to be made, those that lie about must not be enough: the idea of the cave could be left out.

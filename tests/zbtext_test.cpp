@@ -239,6 +239,35 @@ TEST_F(ZbtextProgram, MistakesAreReported) {
   EXPECT_THAT(missing.output, HasSubstr("missing.zb: The file cannot be opened: No such file"));
 }
 
+TEST(SetText, TakesTheTextsOfAnotherLanguage) {
+  const std::string set = "zorbik set\ncode page: 1250\nset: Sada\nauthor: Já\ndescription: Popis\n| dál\ncave\n" +
+                          kCaveText + "rows:\n|1;T\ncongratulation: Hurá\n| $P\n";
+  const std::string head = "zorbik texts\ncode page: 1251\nset: Nabor\nauthor: Я\ndescription: Вот\n";
+  const std::string rest = "# the cave\nname: Икс\ndescription:\ncongratulation: Ура\n|\n| $P";
+  std::string expected = set;
+  for (const auto& [old, translated] :
+       std::vector<std::pair<std::string, std::string>>{{"1250", "1251"},
+                                                        {"Sada", "Nabor"},
+                                                        {"Já", "Я"},
+                                                        {"Popis\n| dál", "Вот"},
+                                                        {": X", ": Икс"},
+                                                        {"Hurá\n| $P", "Ура\n|\n| $P"}}) {
+    expected.replace(expected.find(old), old.size(), translated);
+  }
+  EXPECT_EQ(WithTexts(set, "s", head + rest, "t"), expected);
+  EXPECT_EQ(SetFromText(expected, "s").size(), 5u);
+
+  const auto fault = [&](const std::string& texts, int line, const std::string& what) {
+    ExpectFault([&] { WithTexts(set, "s", texts, "t"); }, "t:" + std::to_string(line), what);
+  };
+  fault(head, 5, "\"name\" of line 8 of the set is missing at the end.");
+  fault(head + "description: Х\n" + rest, 6, "\"name\" of line 8 of the set is expected here.");
+  fault(head + rest + "\nname: Y\n", 12, "the set has no such text.");
+  fault(head + "time: 5\n" + rest, 6, "\"time\" is no text of a set.");
+  fault(head + "name: ř\n" + rest, 6, "is not in code page 1251.");
+  fault(set, 1, "start with the line \"zorbik texts\".");
+}
+
 TEST_F(ZbtextProgram, TheInputIsNeverOverwritten) {
   const std::string set = ReadFile(EXAMPLE_SET);
   folder_.Make("Sada.zb", set);
@@ -253,8 +282,9 @@ TEST_F(ZbtextProgram, TheInputIsNeverOverwritten) {
 }
 
 TEST_F(ZbtextProgram, UsageErrorsExitWithTwo) {
-  for (const char* arguments : {"", "--to-set a", "--to-set a b c", "a b c", "--to-text --to-set a b", "--nonsense a",
-                                "--code-page 1252 a", "a --code-page", "--to-set --code-page 1250 a b"}) {
+  for (const char* arguments :
+       {"", "--to-set a", "--to-set a b c", "a b c", "--to-text --to-set a b", "--nonsense a", "--code-page 1252 a",
+        "a --code-page", "--to-set --code-page 1250 a b", "--texts t a b", "--to-set a b --texts"}) {
     const ProgramRun outcome = Zbtext(arguments);
     EXPECT_EQ(outcome.status, 2) << arguments;
     EXPECT_THAT(outcome.output, StartsWith("zbtext: ")) << arguments;

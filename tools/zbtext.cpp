@@ -16,12 +16,13 @@ namespace {
 
 constexpr const char* kHelp =
     "Usage: zbtext [--to-text] [--code-page 1250|1251] SET.zb [TEXT]\n"
-    "       zbtext --to-set TEXT SET.zb\n"
+    "       zbtext --to-set [--texts TEXTS] TEXT SET.zb\n"
     "\n"
     "Turns a cave set into a readable text, which is printed when no file is named, and a readable text into a set.\n"
     "\n"
     "  --to-text     set to text; this is what happens when no direction is given\n"
     "  --to-set      text to set\n"
+    "  --texts       take names, descriptions and the congratulation from this file, in their order: a translation\n"
     "  --code-page   the code page of the set's texts, 1250 (Central European, the default) or 1251 (Cyrillic);\n"
     "                a text names its own code page\n"
     "  --help        this help\n"
@@ -41,6 +42,7 @@ struct Arguments {
   bool help = false;
   bool toSet = false;
   CodePage page = CodePage::k1250;
+  std::string texts;  // file with the texts of another language
   std::vector<std::string> files;
 };
 
@@ -76,6 +78,9 @@ Arguments Parse(const std::vector<std::string>& words) {
     } else if (word == "--code-page") {
       arguments.page = PageOf(++i < words.size() ? words[i] : "");
       hasPage = true;
+    } else if (word == "--texts") {
+      arguments.texts = ++i < words.size() ? words[i] : "";
+      if (arguments.texts.empty()) throw UsageError("--texts takes a file");
     } else if (word.starts_with("-")) {
       throw UsageError("there is no option " + word);
     } else {
@@ -84,6 +89,7 @@ Arguments Parse(const std::vector<std::string>& words) {
   }
   if (toText && arguments.toSet) throw UsageError("--to-text and --to-set exclude each other");
   if (arguments.toSet && hasPage) throw UsageError("a text names its own code page");
+  if (!arguments.toSet && !arguments.texts.empty()) throw UsageError("--texts goes with --to-set");
   if (arguments.files.empty()) throw UsageError("no file is named");
   if (arguments.toSet && arguments.files.size() != 2) throw UsageError("--to-set takes a text and a set");
   if (arguments.files.size() > 2) throw UsageError("too many files are named");
@@ -104,7 +110,9 @@ void Run(const Arguments& arguments) {
   if (arguments.help) {
     Print(kHelp);
   } else if (arguments.toSet) {
-    WriteSetLines(files[1], SetFromText(ReadFile(files[0]), files[0]));
+    std::string text = ReadFile(files[0]);
+    if (!arguments.texts.empty()) text = WithTexts(text, files[0], ReadFile(arguments.texts), arguments.texts);
+    WriteSetLines(files[1], SetFromText(text, files[0]));
   } else {
     const std::string text = SetToText(ReadSetLines(files[0]).lines, arguments.page);
     if (files.size() == 2) {
