@@ -168,6 +168,8 @@ void Form::set_visible(bool visible) {
     place.moveCenter(around.center());
     constexpr int kTitleBar = 30;  // about what the desktop adds on top
     place.moveTop(std::min(place.top(), screen.bottom() + 1 - place.height() - kTitleBar));
+    constexpr int kBorder = 1;  // and at either side
+    place.moveLeft(std::min(place.left(), screen.right() + 1 - place.width() - kBorder));
     window->move(std::max(place.left(), 0), std::max(place.top(), 0));
   }
   if (window->isVisible()) window->raise();

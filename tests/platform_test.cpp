@@ -387,6 +387,21 @@ TEST(FormTest, ModalReturnsWhenHiddenAndTimersRunOn) {
   EXPECT_EQ(clicks, 1);
 }
 
+TEST(FormTest, OpensInFrontOfAnotherAndWhollyOnTheScreen) {
+  ShownForm owner;
+  for (const int left : {0, Application::ScreenWidth() - 200}) {
+    owner.MoveTo(left, 0);
+    user::Wait(20);
+    Form form(Border::kFixed, 700, 100);
+    form.Show();
+    ASSERT_TRUE(user::WaitUntil([&] { return user::HasInput(form); }));
+    EXPECT_GE(form.left(), 0);
+    EXPECT_LE(form.left() + form.width(), Application::ScreenWidth());
+    EXPECT_GE(form.top(), 0);
+    form.Hide();
+  }
+}
+
 TEST(FormTest, SizeStateAndResizeHandler) {
   Form form(Border::kSizable, 300, 200);
   EXPECT_EQ(form.width(), 300);
