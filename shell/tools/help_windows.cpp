@@ -1,5 +1,6 @@
 // help_windows: pictures of the program's windows for the help, as a player finds them after a few caves.
 
+#include <algorithm>
 #include <iostream>
 #include <string>
 
@@ -10,6 +11,7 @@
 #include "base/language.h"
 #include "campaign/players.h"
 #include "cave/scramble.h"
+#include "cave/set_file.h"
 #include "engine/recording.h"
 #include "own_home.h"
 #include "platform/application.h"
@@ -19,24 +21,43 @@
 namespace {
 
 constexpr const char* kUsage =
-    "Usage: help_windows LANGUAGE.zbl PLAYER PREFIX\n"
+    "Usage: help_windows LANGUAGE.zbl SET.zb PLAYER PREFIX RECORD.zbr\n"
     "\n"
     "Saves pictures of the windows in a language: start, overview, settings, both editors and the properties of a\n"
-    "cave, each with PREFIX before its name. The player has won the first caves of the shipped set.\n";
+    "cave, each with PREFIX before its name. SET.zb is the set for beginners in this language, whose first caves the\n"
+    "player has won. RECORD.zbr is written for a picture of the game: the pack of dogs in that set.\n";
 
-constexpr int kCavesWon = 5;
+const std::string kSets = ZORBIK_PROGRAM_DATA "/Komnaty/";
+constexpr std::size_t kCavesWon = 5;
 constexpr int kSelected = 6;
 constexpr int kEdited = 10;
+constexpr std::size_t kPack = 18;
 
-/// The shipped record of a cave as the player's own.
-void CopyRecord(const FrmPoSt& overview, std::size_t cave, const std::string& player) {
-  const std::string name = RecordName(overview.Name, overview.KomRec[cave].Name);
-  const Recording shipped =
-      ReadRecording(ReadFile(FindPath(std::string(ZORBIK_PROGRAM_DATA "/Záznamy/") + ToUtf8(name, CodePage::k1250))));
-  std::string buffer = Scramble(shipped.caveText) + "\r\n";
+struct Arguments {
+  std::string language;
+  std::string set;
+  std::string player;
+  std::string prefix;
+  std::string record;
+};
+
+/// The shipped record of a cave as the player's own in the set that the overview shows. The records are those of the
+/// Czech set; the same caves have other texts in another language.
+std::string OwnRecord(const FrmPoSt& overview, std::size_t cave, const std::string& player) {
+  PlayedSet czech;
+  LoadColl(kSets + "Komnaty.zb", czech);
+  const std::string name = ToUtf8(RecordName(czech.Name, czech.KomRec[cave].Name), CodePage::k1250);
+  const Recording shipped = ReadRecording(ReadFile(FindPath(ZORBIK_PROGRAM_DATA "/Záznamy/" + name)));
+  std::string buffer = Scramble(overview.KomText[cave]) + "\r\n";
   for (const std::string& tick : shipped.ticks) buffer += tick + "\r\n";
-  WriteFile(PlayerFolder(player) + "/" + ToUtf8(name, CodePage::k1250),
-            RecordText(shipped.setName, shipped.score, player, buffer));
+  return RecordText(overview.Name, shipped.score, player, buffer);
+}
+
+void WinCaves(const FrmPoSt& overview, const std::string& player) {
+  for (std::size_t cave = 1; cave <= kCavesWon; ++cave) {
+    const std::string name = ToUtf8(RecordName(overview.Name, overview.KomRec[cave].Name), CodePage::k1250);
+    WriteFile(PlayerFolder(player) + "/" + name, OwnRecord(overview, cave, player));
+  }
 }
 
 void Save(const platform::Form& form, const std::string& file) {
@@ -44,52 +65,57 @@ void Save(const platform::Form& form, const std::string& file) {
   platform::user::Grab(form).SavePng(file);
 }
 
-void ShootEditors(Program& program, const std::string& prefix) {
-  program.frmSada.OpenColl(ZORBIK_PROGRAM_DATA "/Komnaty/Komnaty.zb");
+void ShootEditors(Program& program, const Arguments& words) {
+  program.frmSada.OpenColl(kSets + words.set);
   program.frmSada.lblCave_Click(kEdited);
   program.frmSada.Show();
-  Save(program.frmSada, prefix + "editor_set.png");
+  Save(program.frmSada, words.prefix + "editor_set.png");
   program.frmSada.mnuEdit_Click();
-  Save(program.frmMain, prefix + "editor_cave.png");
+  Save(program.frmMain, words.prefix + "editor_cave.png");
   program.frmMain.SetProps();
   program.frmFormality.Show();
-  Save(program.frmFormality, prefix + "properties.png");
+  Save(program.frmFormality, words.prefix + "properties.png");
   program.frmFormality.Hide();
   program.frmMain.Hide();
 }
 
-void Shoot(const std::string& language, const std::string& player, const std::string& prefix) {
-  const OwnHome home(language, player);
+void Shoot(const Arguments& words) {
+  const OwnHome home(words.language, words.player);
   Program program(ZORBIK_PROGRAM_DATA, "zorbik", home.data());
   program.Main();
-  program.frmStart2.Label1_Click();
-  Save(program.frmStart2, prefix + "start.png");
+  FrmStart2& start = program.frmStart2;
+  start.Label1_Click();
+  const auto set = std::find(start.File1.begin(), start.File1.end(), kSets + words.set);
+  if (set == start.File1.end()) throw Fault("There is no such set.", kSets + words.set);
+  start.List1.set_list_index(static_cast<int>(set - start.File1.begin()));
+  Save(start, words.prefix + "start.png");
 
-  const std::string name = FromUtf8(player, PageInForce());
-  program.frmStart2.Command3_Click();
-  for (std::size_t cave = 1; cave <= kCavesWon; ++cave) CopyRecord(program.frmPoSt, cave, name);
-  program.frmStart2.Command3_Click();
+  const std::string player = FromUtf8(words.player, PageInForce());
+  start.Command3_Click();
+  WinCaves(program.frmPoSt, player);
+  WriteFile(words.record, OwnRecord(program.frmPoSt, kPack, player));
+  start.Command3_Click();
   program.frmPoSt.lblCave_Click(kSelected);
-  Save(program.frmPoSt, prefix + "overview.png");
+  Save(program.frmPoSt, words.prefix + "overview.png");
 
-  ShootEditors(program, prefix);
+  ShootEditors(program, words);
 
   program.frmSettings.SetSett();
   program.frmSettings.Show();
-  Save(program.frmSettings, prefix + "settings.png");
+  Save(program.frmSettings, words.prefix + "settings.png");
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 4) {
+  if (argc != 6) {
     std::cerr << kUsage;
     return 2;
   }
   platform::user::UseOffscreen(1024, 768);
   platform::Application application(argc, argv, "help_windows");
   try {
-    Shoot(argv[1], argv[2], argv[3]);
+    Shoot({argv[1], argv[2], argv[3], argv[4], argv[5]});
   } catch (const Fault& fault) {
     std::cerr << "help_windows: " << fault.message() << '\n';
     return 1;
