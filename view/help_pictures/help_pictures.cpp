@@ -158,7 +158,7 @@ int VirtualKey(char key) {
 /// Plays a scene and paints it on a surface of its own.
 class Stage {
  public:
-  Stage(const Scene& scene, TilePictures& pictures) : scene_(scene), pictures_(pictures), painter_(surface_) {
+  Stage(const Scene& scene, TilePictures& pictures) : pictures_(pictures), painter_(surface_) {
     hooks_.loadTint = [this](int tint) { pictures_.LoadTint(tint); };
     hooks_.sizeCave = [this](int columns, int rows) {
       painter_.Reset(pictures_, columns, rows);
@@ -194,7 +194,6 @@ class Stage {
     painter_.PaintShrunk(game_.TeleportTargetX, game_.TeleportTargetY, picture, quarters);
   }
 
-  const Scene& scene_;
   TilePictures& pictures_;
   Surface surface_;
   CavePainter painter_;
