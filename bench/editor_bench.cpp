@@ -10,6 +10,7 @@
 #include "base/language.h"
 #include "cave/cave_text.h"
 #include "caves.h"
+#include "desktop_bench.h"
 #include "editor/frm_formality.h"
 #include "editor/frm_main.h"
 #include "platform/application.h"
@@ -130,11 +131,4 @@ BENCHMARK(ReplaceEveryCellWork)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  platform::user::UseOffscreen();
-  platform::Application application(argc, argv, "Zorbik");
-  benchmark::Initialize(&argc, argv);
-  benchmark::AddCustomContext("pixel ratio", std::to_string(platform::Application::PixelRatio()));
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-}
+int main(int argc, char** argv) { RunDesktopBenchmarks(argc, argv); }

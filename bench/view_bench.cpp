@@ -13,6 +13,7 @@
 
 #include "cave/cave_text.h"
 #include "caves.h"
+#include "desktop_bench.h"
 #include "platform/application.h"
 #include "platform/keys.h"
 #include "platform/testing.h"
@@ -135,11 +136,6 @@ BENCHMARK(OpenLargestCave)->Unit(benchmark::kMicrosecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-  platform::user::UseOffscreen();
-  platform::Application application(argc, argv, "Zorbik");
-  benchmark::Initialize(&argc, argv);
-  benchmark::AddCustomContext("pixel ratio", std::to_string(platform::Application::PixelRatio()));
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
+  RunDesktopBenchmarks(argc, argv);
   std::printf("peak memory: %.0f MB\n", PeakMemory());
 }

@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <utility>
@@ -409,24 +408,6 @@ TEST_F(JoystickGameTest, AWinIsRecordedAndReplaysTheSame) {
   EXPECT_TRUE(user::WaitUntil([&] { return !play.form.tmrHra.enabled(); }));
   EXPECT_TRUE(play.form.game.Won);
   EXPECT_EQ(CellsCrc(play.form.game), cells) << "and the stick has no part in it";
-}
-
-TEST(JoystickSettingTest, HasItsBoxInEveryLanguage) {
-  int languages = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(kData)) {
-    if (entry.path().extension() != ".zbl") continue;
-    ++languages;
-    NactiJazyk(entry.path().string());
-    FrmSettings settings;
-    settings.SetLW();
-    const CheckBox& box = settings.Check4;
-    EXPECT_EQ(box.caption(), "Joystick") << entry.path();
-    EXPECT_GE(box.width(), box.text_width() + 30) << entry.path();
-    EXPECT_LE(box.left() + box.width(), settings.width()) << entry.path();
-    EXPECT_LE(box.top() + box.height(), settings.Command1.top()) << entry.path();
-  }
-  EXPECT_GE(languages, 2);
-  NactiJazyk(kData + "/cestina.zbl");
 }
 
 }  // namespace

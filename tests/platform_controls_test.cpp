@@ -461,17 +461,6 @@ TEST_F(FileDialogTest, SavesWithTheEndingAndAsksBeforeItReplaces) {
   EXPECT_EQ(ShowSaveDialog(dialog_), folder_.Path("old.zb"));
 }
 
-TEST_F(FileDialogTest, ResponderAnswers) {
-  std::string seen;
-  SetFileDialogResponder([&](const FileDialog& dialog) {
-    seen = dialog.filter;
-    return "chosen";
-  });
-  EXPECT_EQ(ShowOpenDialog(dialog_), "chosen");
-  EXPECT_EQ(seen, dialog_.filter);
-  SetFileDialogResponder({});
-}
-
 // ----------------------------------------------------------------------------------------------------------- Menus
 
 /// A form with a menu as the editors have one.

@@ -141,18 +141,6 @@ TEST(MessageBoxTest, AKeyOfItsOwnClosesItWhenStruckInsideAndLetGo) {
   EXPECT_FALSE(Held('P')) << "and held no longer";
 }
 
-TEST(MessageBoxTest, ResponderSeesTheBox) {
-  MessageBox seen;
-  SetBoxResponder([&](const MessageBox& box) {
-    seen = box;
-    return BoxAnswer::kNo;
-  });
-  EXPECT_EQ(ShowMessageBox({"text", "title", BoxButtons::kYesNo}), BoxAnswer::kNo);
-  EXPECT_EQ(seen.text, "text");
-  EXPECT_EQ(seen.title, "title");
-  SetBoxResponder({});
-}
-
 // ------------------------------------------------------------------------------------------------------------ Keys
 
 TEST(KeysTest, HeldNowAndPressedSinceTheLastQuestion) {
@@ -422,36 +410,6 @@ TEST(FormTest, SizeStateAndResizeHandler) {
   form.set_window_state(WindowState::kNormal);
   user::Wait(20);
   EXPECT_EQ(form.width(), 300);
-}
-
-TEST(FormTest, ControlsAreKnownAtAnyDepth) {
-  Form form;
-  Frame frame(&form);
-  Label outside(&form, "a");
-  auto inside = std::make_unique<Label>(&frame, "b");
-  std::vector<Control*> seen;
-  const auto look = [&] {
-    seen.clear();
-    ForEachControl(form, [&](Control& control) { seen.push_back(&control); });
-  };
-  look();
-  EXPECT_THAT(seen, ElementsAre(&frame, inside.get(), &outside));
-  inside.reset();
-  look();
-  EXPECT_THAT(seen, ElementsAre(&frame, &outside));
-  EXPECT_EQ(Form::All().back(), &form);
-}
-
-TEST(FormTest, VisibleIsTheControlsOwnFlag) {
-  Form form;
-  Frame frame(&form);
-  Label label(&frame, "text");
-  EXPECT_TRUE(label.visible()) << "though its form is not on the screen";
-  frame.set_visible(false);
-  EXPECT_TRUE(label.visible());
-  label.set_visible(false);
-  frame.set_visible(true);
-  EXPECT_FALSE(label.visible());
 }
 
 TEST(FormTest, AControlJustShownIsPaintedBeforeTheSleep) {
