@@ -33,7 +33,10 @@ void Hra::PaintCave(std::string_view caveText) {
   TeleportPhase = 0;
   Won = false;
   Sum = {};
-  MovedFlag = {};  // a blast in the last tick of the cave before leaves marks, and no cell of this one has had its turn
+  // Of the last tick of the cave before: a blast leaves marks, though no cell of this cave has had its turn, and a key
+  // would walk the hero where none is read. A replay begins without either.
+  MovedFlag = {};
+  KeyMove = 0;
   if (!PlayingReplay && !TestPlay) {
     RecordBuffer = Scramble(caveText) + "\r\n";
   } else {

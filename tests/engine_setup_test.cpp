@@ -63,6 +63,14 @@ TEST(EngineSetup, EveryCellHasItsTurnInTheFirstTick) {
   EXPECT_EQ(play.Shown(), Rows(".;/r;"));
 }
 
+TEST(EngineSetup, TheKeyOfTheCaveBeforeWalksNobody) {
+  Play play("1.");
+  play.Run("r");
+  play.Load("2..", {.time = 0});
+  play.Run("_");
+  EXPECT_EQ(play.Shown(), Rows("2.."));
+}
+
 TEST(EngineSetup, OfTwoEqualDigitsTheLaterCellIsTheHero) {
   Play play("1.1/.H.");
   EXPECT_FALSE(play.game.MultiHero);

@@ -379,6 +379,11 @@ TEST(GameFormTest, MessagesAreCentredAndGoByThemselves) {
   EXPECT_EQ(game.form.Message1.fore_colour(), (Colour{255, 128, 0})) << "blue stands in the high byte";
   EXPECT_EQ(game.form.tmrMsg.interval(), 3000);
   EXPECT_TRUE(game.form.tmrMsg.enabled());
+  game.form.tmrMsg.set_interval(400);
+  user::Wait(250);
+  game.form.ShowMessage("the next", 0);
+  user::Wait(250);
+  EXPECT_TRUE(game.form.Picture6.visible()) << "each message has the whole time";
   game.form.tmrMsg.set_interval(20);
   EXPECT_TRUE(user::WaitUntil([&] { return !game.form.Picture6.visible(); }));
   EXPECT_FALSE(game.form.tmrMsg.enabled());

@@ -3,6 +3,7 @@
 #include "view/form_hra.h"
 
 #include <chrono>
+#include <utility>
 
 #include "base/fault.h"
 #include "base/lang_str.h"
@@ -193,6 +194,7 @@ void FormHra::tmrHra_Timer() {
   try {
     game.tmrHra_Timer();
   } catch (const Fault& fault) {
+    wonInThisTick_ = false;
     if (game.PlayingReplay) {
       TellReplayFault("line " + std::to_string(replayNext_ + kFirstTickLine - 1) + ": " + fault.what());
     } else if (game.TestPlay) {
@@ -204,14 +206,12 @@ void FormHra::tmrHra_Timer() {
   }
   ShowHint();
   if (restartAsked_ && !wonInThisTick_) Command3_Click();
-  if (!wonInThisTick_) return;
-  wonInThisTick_ = false;
+  if (!std::exchange(wonInThisTick_, false)) return;
   if (!game.PlayingReplay && !game.TestPlay && caveWon) caveWon();
 }
 
 /// The author goes on with the cave: the set that it belongs to may not be saved yet.
 void FormHra::LeaveTestPlay(const Fault& fault) {
-  wonInThisTick_ = false;
   StopTick();
   TellFault(fault);
   EndGame_Click();

@@ -74,7 +74,11 @@ void FormHra::MakeControls() {
   Command3.on_click = [this] { Command3_Click(); };
   Command4.on_click = [this] { Command4_Click(); };
   EndGame.on_click = [this] { EndGame_Click(); };
-  chkRec.on_click = [this] { game.chkRec = chkRec.value(); };
+  // Ticks without a line end leave a hole in the recording, so a game that is once not recorded stays so.
+  chkRec.on_click = [this] {
+    game.chkRec = chkRec.value();
+    chkRec.set_enabled(game.chkRec != 0);
+  };
   tmrHra.on_timer = [this] { tmrHra_Timer(); };
   tmrMsg.on_timer = [this] { tmrMsg_Timer(); };
   on_resize = [this] { Form_Resize(); };

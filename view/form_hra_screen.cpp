@@ -104,6 +104,7 @@ void FormHra::ShowMessage(const std::string& text, std::uint32_t colour) {
   Message1.set_left(30);
   Picture6.set_left((Frame1.width() - Picture6.width()) / 2);
   Picture6.set_visible(true);
+  tmrMsg.Stop();  // the whole time for this message, whatever was left of the one before
   tmrMsg.Start();
 }
 
