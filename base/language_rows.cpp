@@ -177,7 +177,7 @@ constexpr std::array<LanguageRow, kLangStrCount> kRows{{
     {145, "frmFormality.Command7_Click: box for 8", kBox, kLines},
     {146, "frmFormality.Command8_Click: title of the box of row 147", kTitle},
     {147, "frmFormality.Command8_Click: box, \" ?1?\" becomes the cells still to grow, \" ?2?\" the seconds until then",
-     kBox, kLines, " ?1?| ?2?"},
+     kBox, kLines, "  ?1?|  ?2?"},  // two blanks: a number of its own brings one, unless it is below 0
     // Palette of the cave editor.
     {148, "frmMain.imgS(0), empty cell", kTip},
     {149, "frmMain.imgS(1), dirt", kTip},

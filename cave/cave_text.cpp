@@ -48,7 +48,7 @@ class Writer {
 
   void Text(std::string_view text, const char* field) { text_ += WithLength(text, std::string("The ") + field); }
 
-  void Cell(char c) { text_ += c == 0 ? '.' : c; }
+  void Cell(char c) { text_ += c; }
 
   std::string Take() { return std::move(text_); }
 
@@ -122,6 +122,7 @@ CaveRecord ParseCaveText(std::string_view text) {
     throw Fault("The cave is " + std::to_string(record.Width) + " by " + std::to_string(record.Height) +
                 " cells; at most " + LargestCave() + " are possible.");
   }
+  record.FromText = true;
   std::string_view cells = reader.rest();
   for (int y = 0; y < record.Height; ++y) {
     for (int x = 0; x < record.Width; ++x) {
@@ -149,7 +150,10 @@ std::string BuildCaveText(const CaveRecord& record) {
   writer.Number(record.AmoebaTime, "amoeba time");
   writer.Number(record.Tint, "colour");
   for (int y = 0; y < record.Height; ++y) {
-    for (int x = 0; x < record.Width; ++x) writer.Cell(record.Cell(x, y));
+    for (int x = 0; x < record.Width; ++x) {
+      const char c = record.Cell(x, y);
+      writer.Cell(c == 0 && !record.FromText ? '.' : c);
+    }
   }
   return writer.Take();
 }

@@ -13,6 +13,15 @@ namespace {
 constexpr int kTile = 20;  // logical pixels of a tile before the picture is shrunk to the frame
 constexpr int kMargin = 6;
 
+/// A shut exit looks like steel to a player; the author sees where it is.
+void ShowExits(const Hra& game, CavePainter& painter) {
+  for (int y = 0; y < game.CaveHeight; ++y) {
+    for (int x = 0; x < game.CaveWidth; ++x) {
+      if (game.Tiles(x, y) == Exit) painter.PaintCell(x, y, picture::kAnim9 + 1);
+    }
+  }
+}
+
 }  // namespace
 
 void CavePreview::ShowCave(const std::string& caveText) {
@@ -50,5 +59,6 @@ platform::Picture CavePreview::Draw(const std::string& caveText) {
   hooks.paintOverlay = [&](int x, int y, int picture) { painter.PaintOverlay(x, y, picture); };
   const auto game = std::make_unique<Hra>(&hooks);
   game->PaintCave(caveText);
+  ShowExits(*game, painter);
   return surface.Snapshot();
 }

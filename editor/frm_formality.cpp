@@ -37,6 +37,7 @@ class Corrector {
     const bool tooLong = text.size() > kLargestSmallNumber;
     if (tooLong) text.resize(kLargestSmallNumber);
     if (tooLong && text.ends_with('\r')) text.pop_back();  // never half a line break
+    while (text.ends_with(' ')) text.pop_back();           // of the cut: they would be a correction the next time
     field.set_text(text);
     if (tooLong)
       Tell(name, kLargestSmallNumber);

@@ -85,8 +85,31 @@ void FrmMain::SizeCanvas() {
   VScroll1_Change();
 }
 
-void FrmMain::HScroll1_Change() { EditKom.set_left(-kScrollStep * HScroll1.value()); }
-void FrmMain::VScroll1_Change() { EditKom.set_top(-kScrollStep * VScroll1.value()); }
+void FrmMain::HScroll1_Change() {
+  EditKom.set_left(-kScrollStep * HScroll1.value());
+  ViewMoved();
+}
+
+void FrmMain::VScroll1_Change() {
+  EditKom.set_top(-kScrollStep * VScroll1.value());
+  ViewMoved();
+}
+
+/// Another cell lies below the mouse now. While the author works by keyboard the line tells the cursor's.
+void FrmMain::ViewMoved() {
+  int column = 0;
+  int row = 0;
+  if (shpCursor.visible() || !CellAt(pointerX_ - EditKom.left(), pointerY_ - EditKom.top(), column, row)) return;
+  ShowCell(column, row);
+}
+
+/// The cell at a place of the canvas; false outside the cave.
+bool FrmMain::CellAt(int x, int y, int& column, int& row) const {
+  if (x < 0 || y < 0) return false;
+  column = x / CaveEdit::kCell;
+  row = y / CaveEdit::kCell;
+  return column < edit.Sirka && row < edit.Vyska;
+}
 
 void FrmMain::PREKR(int x, int y, int palette) {
   const platform::Picture& tile = palette == kPaletteHero ? imgS[kPaletteHero]->picture() : (*pictures_)[palette];
@@ -143,10 +166,13 @@ void FrmMain::EditKom_MouseMove(const platform::MouseEvent& event) {
   ShowCursor(false);
   edit.EditKom_MouseMove(event.button, event.x, event.y);
   if (event.button != 0) ShowCounts();
-  if (event.x < 0 || event.y < 0) return;
-  const int x = event.x / CaveEdit::kCell;
-  const int y = event.y / CaveEdit::kCell;
-  if (x < edit.Sirka && y < edit.Vyska) ShowCell(x, y);
+  pointerX_ = event.x + EditKom.left();
+  pointerY_ = event.y + EditKom.top();
+  int column = 0;
+  int row = 0;
+  if (!CellAt(event.x, event.y, column, row)) return;
+  if (event.button != 0) SetCursor(column, row);  // keys go on where the mouse has drawn
+  ShowCell(column, row);
 }
 
 // --- Operations --------------------

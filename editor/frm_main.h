@@ -121,6 +121,8 @@ class FrmMain : public platform::Form {
   void ShowAmoeba();
   void NameCounts();
   void ShowCell(int x, int y);
+  bool CellAt(int x, int y, int& column, int& row) const;
+  void ViewMoved();
   void CaptionOperations();
   void Run(const std::function<void()>& operation);
   void ShowRun();
@@ -130,6 +132,7 @@ class FrmMain : public platform::Form {
   bool CanvasKey(const platform::KeyEvent& event);
   bool PaletteKey(const platform::KeyEvent& event);
   bool AnywhereKey(const platform::KeyEvent& event);
+  void SetCursor(int x, int y);
   void MoveCursor(int x, int y);
   void ShowCursor(bool visible);
   void DrawAtCursor(int button);
@@ -142,6 +145,8 @@ class FrmMain : public platform::Form {
   std::unique_ptr<PalettePictures> pictures_;
   int cursorX_ = 0;
   int cursorY_ = 0;
+  int pointerX_ = 0;  // where the mouse was last seen over the window on the cave, logical pixels
+  int pointerY_ = 0;
   std::chrono::steady_clock::time_point runStart_;
   std::chrono::steady_clock::time_point runShown_;
 };

@@ -122,14 +122,19 @@ bool FrmMain::CanvasKey(const platform::KeyEvent& event) {
   }
 }
 
-/// The cursor stays within the cave, and the view follows it.
-void FrmMain::MoveCursor(int x, int y) {
+/// The cursor stays within the cave; the view stays where it is.
+void FrmMain::SetCursor(int x, int y) {
   cursorX_ = std::clamp(x, 0, std::max(edit.Sirka - 1, 0));
   cursorY_ = std::clamp(y, 0, std::max(edit.Vyska - 1, 0));
   const int left = cursorX_ * CaveEdit::kCell;
   const int top = cursorY_ * CaveEdit::kCell;
   shpCursorLine.SetBounds(left, top, CaveEdit::kCell, CaveEdit::kCell);
   shpCursor.SetBounds(left + 1, top + 1, CaveEdit::kCell - 2, CaveEdit::kCell - 2);
+}
+
+/// Moves the cursor, and the view as far as it has to follow.
+void FrmMain::MoveCursor(int x, int y) {
+  SetCursor(x, y);
   // In half cells, as the bars count.
   const auto follow = [](platform::ScrollBar& bar, int cell, int shown) {
     bar.set_value(std::clamp(bar.value(), 2 * (cell + 1 - shown), 2 * cell));
@@ -148,6 +153,7 @@ void FrmMain::ShowCursor(bool visible) {
 }
 
 void FrmMain::DrawAtCursor(int button) {
+  MoveCursor(cursorX_, cursorY_);  // the author sees what is drawn
   edit.EditKom_MouseMove(button, cursorX_ * CaveEdit::kCell, cursorY_ * CaveEdit::kCell);
   ShowCounts();
   ShowCursor(true);

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "campaign/frm_start2.h"
 #include "cave/cave_text.h"
+#include "cave/names.h"
 #include "editor/frm_sada.h"
 #include "platform/file_dialog.h"
 #include "platform/message_box.h"
@@ -34,6 +35,12 @@ class Working {
 };
 
 std::string SetFilter() { return platform::FileFilter(LangStr[56] + " (*.zb)", "*.zb"); }
+
+/// The name of the set as that of a file, UTF-8.
+std::string ProposedName(const platform::TextBox& name) {
+  const CodePage page = name.charset() == platform::Charset::kCyrillic ? CodePage::k1251 : CodePage::k1250;
+  return ToUtf8(CistyNazev(name.text()), page);
+}
 
 /// Every cave has to be one before the set takes the place of another.
 void CheckCaves(const std::string& path, const EditedSet& set) {
@@ -109,11 +116,7 @@ void FrmSada::OpenColl(const std::string& path) {
 // --- Saving --------------------
 
 void FrmSada::mnuSave_Click() {
-  if (Soubor.empty()) {
-    mnuSaveAs_Click();
-  } else {
-    TryToSave(Soubor);
-  }
+  if (Soubor.empty() || !TryToSave(Soubor)) mnuSaveAs_Click();  // what cannot be written here may go elsewhere
 }
 
 void FrmSada::mnuSaveAs_Click() {
@@ -121,7 +124,7 @@ void FrmSada::mnuSaveAs_Click() {
   std::filesystem::create_directories(OwnSets, ignored);
   const std::string path = platform::ShowSaveDialog(
       {LangStr[57], SetFilter(), OwnSets,
-       platform::kExplorerStyle | platform::kOverwritePrompt | platform::kHideReadOnly, "*.zb"});
+       platform::kExplorerStyle | platform::kOverwritePrompt | platform::kHideReadOnly, "*.zb", ProposedName(Text3)});
   if (!path.empty() && TryToSave(path)) Soubor = path;
 }
 

@@ -75,6 +75,7 @@ class Dialog : public QFileDialog {
     setDirectory(folder.empty() ? QDir::homePath() : QString::fromStdString(folder));
     setSidebarUrls({QUrl::fromLocalFile(directory().path()), QUrl::fromLocalFile(QDir::homePath())});
     setIconProvider(&icons_);
+    if (!dialog.name.empty()) selectFile(QString::fromStdString(dialog.name));
     setWindowModality(Qt::ApplicationModal);
     ShowDetails();
     resize(780, 460);

@@ -28,7 +28,9 @@ struct FileDialog {
   std::string folder;
   unsigned flags = 0;
   /// Save: what a name without it gets at its end, such as "*.zb" or "zb".
-  std::string default_extension;
+  std::string default_extension = {};
+  /// Save: the name that is there from the beginning, UTF-8.
+  std::string name = {};
 };
 
 /// Shows a modal dialog and returns the path of the file chosen, UTF-8, or "" when the user cancels. Timers run on.

@@ -121,6 +121,8 @@ TEST(CaveText, CellsNeverWrittenBecomeEmptyOnes) {
   cave.Width = 2;
   cave.Height = 1;
   EXPECT_TRUE(BuildCaveText(cave).ends_with(".."));
+  const std::string zero = BuildCaveText(cave).replace(BuildCaveText(cave).size() - 2, 1, 1, '\0');
+  EXPECT_EQ(BuildCaveText(ParseCaveText(zero)), zero) << "a byte of a text is kept";
 }
 
 TEST(CaveText, EveryHeaderCutShortIsAFault) {

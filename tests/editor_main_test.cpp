@@ -217,8 +217,13 @@ TEST(CaveEditor, ScrollsOverTheLargestCave) {
   EXPECT_EQ(form.EditKom.top(), -13);
   user::Click(form.Ram, form.Ram.width() - 2, 14, kLeftButton);
   EXPECT_EQ(editor.At(79, 1), 'D');
+  user::TapKey(kKeyLeft);
+  user::TapKey(kKeySpace);
+  EXPECT_EQ(editor.At(78, 1), 'D') << "a click has moved the cursor";
+  user::MoveMouse(form.Ram, form.Ram.width() - 5, 15);
   user::TurnWheel(form.Ram, -2);
   EXPECT_EQ(form.VScroll1.value(), 5);
+  EXPECT_EQ(form.status.lblPlace.caption(), "79, 3") << "another cell lies below the mouse";
   // The cursor takes the view along, and no further than needed.
   user::TapKey(kKeyHome, kCtrl);
   EXPECT_EQ(form.HScroll1.value(), 0);
@@ -233,6 +238,10 @@ TEST(CaveEditor, ScrollsOverTheLargestCave) {
   EXPECT_EQ(form.VScroll1.value(), 78);
   user::TapKey(kKeyUp, kCtrl);
   EXPECT_EQ(form.VScroll1.value(), 76) << "the view alone";
+  form.VScroll1.set_value(0);
+  user::TapKey(kKeySpace);
+  EXPECT_EQ(editor.At(79, 49), 'D');
+  EXPECT_EQ(form.VScroll1.value(), 78) << "what is drawn is seen";
 }
 
 TEST(CaveEditor, WorksByKeyboardAlone) {

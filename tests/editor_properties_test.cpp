@@ -140,14 +140,14 @@ TEST(PropertiesTest, CorrectsInOrderAndTellsItInOneBox) {
   form.Text7.set_text("151");
   form.Text8.set_text("999");
   form.Text3.set_text("    ");
-  form.Text4.set_text(std::string(189, 'X') + "\r\n");
+  form.Text4.set_text(std::string(188, 'X') + " \r\n");
   form.Command1_Click();
   EXPECT_THAT(desk.Said(), ElementsAre(Cp1250("Upozornění|") + Text(180) + "\r\n\r\n" + Text(117) + " = 50\r\n" +
                                        Text(118) + " = 30\r\n" + Text(124) + " = 150\r\n" + Text(125) + " = 150\r\n" +
                                        Text(120) + "\r\n" + Text(121) + " = 190\r\n"));
   EXPECT_EQ(desk.Cave().Name, "");
-  EXPECT_EQ(desk.Cave().Description, std::string(189, 'X'))
-      << "what a cave text has room for, without half a line break";
+  EXPECT_EQ(desk.Cave().Description, std::string(188, 'X'))
+      << "what a cave text has room for, without half a line break or a blank";
   EXPECT_EQ(ParseCaveText(desk.main.edit.Text()).Description, desk.Cave().Description);
 }
 
@@ -188,6 +188,10 @@ TEST(PropertiesTest, ANegativeNumberOfGemsOrPointsTakesTheTimeAway) {
 TEST(PropertiesTest, OkTakesASizeOverAndLeavesTheViewWhenItStays) {
   CaveRecord large = DirtCave(60, 40, 2, 2);
   large.Time = 1507;
+  large.PointsBefore = 100;
+  large.PointsAfter = 190;
+  large.SlimeThrough = 12;
+  large.Tint = 15;
   Properties desk(large);
   desk.main.HScroll1.set_value(10);
   desk.main.VScroll1.set_value(4);
@@ -202,7 +206,10 @@ TEST(PropertiesTest, OkTakesASizeOverAndLeavesTheViewWhenItStays) {
   EXPECT_EQ(desk.Said().size(), 1U);
   EXPECT_EQ(desk.Cave().Width, 50);
   EXPECT_EQ(desk.Cave().Height, 30);
-  EXPECT_EQ(desk.Cave().Time, 150) << "the digits that the field has room for";
+  const CaveRecord& cave = desk.Cave();
+  EXPECT_THAT((std::vector<int>{cave.Time, cave.PointsBefore, cave.PointsAfter, cave.SlimeThrough, cave.Tint}),
+              ElementsAre(150, 10, 19, 1, 14))
+      << "the digits that the fields have room for, and the last place of the bar";
   EXPECT_EQ(desk.main.EditKom.width(), 50 * CaveEdit::kCell);
   EXPECT_EQ(desk.main.HScroll1.value(), 0) << "back to the upper left corner";
 
@@ -279,9 +286,9 @@ TEST(PropertiesTest, HelpReckonsWithTheFieldsAsTheyStand) {
     const std::size_t first = said.find("přirůst:") + std::string("přirůst:").size();
     return said.substr(first, said.find("\r\n\r\nOdhad počítá") - first);
   };
-  EXPECT_EQ(stone("19", "11", "100"), " 14\r\nOdhad času v sekundách: 44");
-  EXPECT_EQ(stone("20", "11", "10"), " 16\r\nOdhad času v sekundách: 15");
-  EXPECT_EQ(stone("10", "11", "10"), "-9\r\nOdhad času v sekundách:-29") << "more than enough already";
+  EXPECT_EQ(stone("19", "11", "100"), "  14\r\nOdhad času v sekundách:  44");
+  EXPECT_EQ(stone("20", "11", "10"), "  16\r\nOdhad času v sekundách:  15");
+  EXPECT_EQ(stone("10", "11", "10"), " -9\r\nOdhad času v sekundách: -29") << "more than enough already";
 }
 
 TEST(PropertiesTest, PreviewIsTheDirtOfTheGameInThatColour) {

@@ -240,7 +240,7 @@ TEST(CheckLanguageFileTest, FindsWhatATranslatorCanSpoilInARow) {
   const std::vector<Case> cases{
       {47, "Uložit?", "has lost \"?1?\""},
       {115, "Ahoj ?1?", "has lost \"?2?\""},
-      {147, "?1? x ?2?", "has lost \" ?1?\""},
+      {147, "x ?1? x  ?2?", "has lost \"  ?1?\""},
       {90, "Jsou tu2-4 psi", "has lost \" 2-4\""},
       {54, "Hotovo", "has lost \"$P\""},
       {16, "Nova ?1?", "holds \"?1?\", which nothing replaces"},
