@@ -29,11 +29,6 @@ constexpr std::u16string_view kUpper1251 =
     u"рстуфхцчшщъыьэюя";
 static_assert(kUpper1250.size() == 128 && kUpper1251.size() == 128);
 
-// Letters with an accent, and the same ones without.
-constexpr std::u32string_view kAccented = U"áäčďéěíĺľňóôöŕřšťúůüýžÁÄČĎÉĚÍĹĽŇÓÔÖŔŘŠŤÚŮÜÝŽ";
-constexpr std::u32string_view kPlain = U"aacdeeillnooorrstuuuyzAACDEEILLNOOORRSTUUUYZ";
-static_assert(kAccented.size() == kPlain.size());
-
 std::u16string_view Upper(CodePage page) { return page == CodePage::k1250 ? kUpper1250 : kUpper1251; }
 
 using ByteTable = std::array<char, 256>;
@@ -92,9 +87,7 @@ std::string ReadableFromUtf8(std::string_view utf8, CodePage page) {
   std::string readable;
   for (const char32_t code : CodePoints(utf8)) {
     char byte = '?';
-    const std::size_t place = kAccented.find(code);
-    const bool bare = place != std::u32string_view::npos && !ByteOf(code, page, byte);
-    AppendUtf8(readable, bare ? kPlain[place] : code);
+    AppendUtf8(readable, ByteOf(code, page, byte) ? code : WithoutAccent(code));
   }
   return FromUtf8(readable, page);
 }

@@ -85,12 +85,6 @@ void FlushFolder(const fs::path& folder) {
   if (opened.ok()) fsync(opened.descriptor());
 }
 
-void SortRegardlessOfCase(std::vector<std::string>& names) {
-  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-    return std::pair(CaseKey(a), a) < std::pair(CaseKey(b), b);
-  });
-}
-
 template <class Wanted>
 std::vector<std::string> List(const std::string& folder, Wanted wanted) {
   std::vector<std::string> names;
@@ -99,7 +93,7 @@ std::vector<std::string> List(const std::string& folder, Wanted wanted) {
   for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
     if (wanted(*entry)) names.push_back(entry->path().filename().string());
   }
-  SortRegardlessOfCase(names);
+  SortByAlphabet(names);
   return names;
 }
 

@@ -42,10 +42,10 @@ bool IsSameFile(const std::string& a, const std::string& b);
 std::string FindPath(const std::string& path);
 
 /// The names (without the folder) of the files whose name ends in the extension, such as ".zb", regardless of case;
-/// sorted regardless of case. An empty extension lists all files. A folder that cannot be read holds no files.
+/// sorted by SortByAlphabet. An empty extension lists all files. A folder that cannot be read holds no files.
 std::vector<std::string> ListFiles(const std::string& folder, std::string_view extension);
 
-/// The names of the folders in a folder, sorted regardless of case. A folder that cannot be read holds none.
+/// The names of the folders in a folder, sorted by SortByAlphabet. A folder that cannot be read holds none.
 std::vector<std::string> ListFolders(const std::string& folder);
 
 /// The lines of a text, each ended by LF or CR LF. A last line without an end counts; nothing behind the last end does

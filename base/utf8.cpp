@@ -2,10 +2,19 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <tuple>
+#include <utility>
 
 namespace {
 
 constexpr char32_t kStrayByte = 0xDC00;
+
+// Letters with an accent, and the same ones without.
+constexpr std::u32string_view kAccented =
+    U"áâăäąćčçďđéęëěíîĺľłńňóôőöŕřśšşťţúůűüýźžżёÁÂĂÄĄĆČÇĎĐÉĘËĚÍÎĹĽŁŃŇÓÔŐÖŔŘŚŠŞŤŢÚŮŰÜÝŹŽŻЁ";
+constexpr std::u32string_view kPlain =
+    U"aaaaacccddeeeeiilllnnoooorrsssttuuuuyzzzеAAAAACCCDDEEEEIILLLNNOOOORRSSSTTUUUUYZZZЕ";
+static_assert(kAccented.size() == kPlain.size());
 
 bool Within(char32_t code, char32_t first, char32_t last) { return code >= first && code <= last; }
 
@@ -30,6 +39,24 @@ Decoded DecodeFront(std::string_view text) {
   constexpr char32_t shortest[] = {0, 0, 0x80, 0x800, 0x10000};
   if (code < shortest[length] || code > 0x10FFFF || Within(code, 0xD800, 0xDFFF)) return {0, 0};
   return {code, length};
+}
+
+/// What decides about the order: the letters of the alphabet, then accents, then the name itself.
+using SortKey = std::tuple<std::u32string, std::u32string, std::string>;
+
+SortKey SortKeyOf(std::string name) {
+  const std::u32string codes = CaseKey(name);
+  std::u32string letters;
+  char32_t before = 0;
+  for (const char32_t code : codes) {
+    const bool ch = before == 'c' && code == 'h';
+    if (ch) letters.pop_back();
+    const bool own_letter = ch || std::u32string_view(U"čřšž").find(code) != std::u32string_view::npos;
+    // Leaves room for a letter behind each one.
+    letters += static_cast<char32_t>(WithoutAccent(code) * 2 + (own_letter ? 1 : 0));
+    before = code;
+  }
+  return {letters, codes, std::move(name)};
 }
 
 }  // namespace
@@ -91,4 +118,17 @@ std::u32string CaseKey(std::string_view utf8) {
   std::u32string key = CodePoints(utf8);
   std::transform(key.begin(), key.end(), key.begin(), LowerCase);
   return key;
+}
+
+char32_t WithoutAccent(char32_t code) {
+  const std::size_t place = kAccented.find(code);
+  return place == std::u32string_view::npos ? code : kPlain[place];
+}
+
+void SortByAlphabet(std::vector<std::string>& names) {
+  std::vector<SortKey> keys;
+  keys.reserve(names.size());
+  for (std::string& name : names) keys.push_back(SortKeyOf(std::move(name)));
+  std::sort(keys.begin(), keys.end());
+  std::transform(keys.begin(), keys.end(), names.begin(), [](SortKey& key) { return std::get<2>(std::move(key)); });
 }

@@ -20,8 +20,8 @@ std::string UserDataFolder();
 /// The program may make files in this folder.
 bool CanWriteTo(const std::string& folder);
 
-/// The players, sorted regardless of case. Their names are in code page 1250 or, where that lacks a letter, in 1251;
-/// see PlayerPage. A folder whose name neither page can tell is no player.
+/// The players, sorted by their folders' names. Their names are in code page 1250 or, where that lacks a letter, in
+/// 1251; see PlayerPage. A folder whose name neither page can tell is no player.
 std::vector<std::string> ListPlayers();
 
 /// Makes a player's folder. False when that fails, also when there is such a folder already, be it in other case, and

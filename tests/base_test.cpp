@@ -18,6 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::ElementsAreArray;
 using testing::IsEmpty;
 using namespace std::string_literals;
 
@@ -288,12 +289,14 @@ TEST_F(Files, TheExactNameComesFirst) {
   EXPECT_EQ(FindPath(Path("folder/b.zb")), other) << "looks on when the first folder lacks the file";
 }
 
-TEST_F(Files, ListingsAreSortedRegardlessOfCase) {
-  for (const char* name : {"beta.ZB", "Alfa.zb", "ČERT.zb", "čert2.Zb", "alfa2.zb", "note.txt", "zb", "x.zbl"})
-    Make(name);
+TEST_F(Files, ListingsAreInTheOrderOfTheAlphabet) {
+  const std::vector<std::string> sorted = {"Alfa.zb", "alfa2.zb", "Álfa2.zb", "cyp.zb", "ČERT.zb", "čert2.Zb",
+                                           "Hrad.ZB", "chata.zb", "Ill.zb",   "ёж.zb",  "Ещё.zb",  "жук.zb"};
+  for (const std::string& name : sorted) Make(name);
+  for (const char* name : {"note.txt", "zb", "x.zbl"}) Make(name);
   fs::create_directory(Path("folder.zb"));
   fs::create_directory(Path("Archiv"));
-  EXPECT_THAT(ListFiles(folder_.path(), ".zb"), ElementsAre("Alfa.zb", "alfa2.zb", "beta.ZB", "ČERT.zb", "čert2.Zb"));
+  EXPECT_THAT(ListFiles(folder_.path(), ".zb"), ElementsAreArray(sorted));
   EXPECT_THAT(ListFolders(folder_.path()), ElementsAre("Archiv", "folder.zb"));
   EXPECT_THAT(ListFiles(Path("missing"), ".zb"), IsEmpty());
 }
