@@ -82,7 +82,7 @@ void FrmSada::mnuOpen_Click() {
   if (!MayGoOn()) return;
   const std::string path = platform::ShowOpenDialog({LangStr[55], SetFilter(), CestaKomnaty,
                                                      platform::kFileMustExist | platform::kHideReadOnly,
-                                                     /*default_extension=*/{}});
+                                                     /*default_extension=*/{}, OwnSets});
   if (path.empty()) return;
   try {
     OpenColl(path);
@@ -124,7 +124,8 @@ void FrmSada::mnuSaveAs_Click() {
   std::filesystem::create_directories(OwnSets, ignored);
   const std::string path = platform::ShowSaveDialog(
       {LangStr[57], SetFilter(), OwnSets,
-       platform::kExplorerStyle | platform::kOverwritePrompt | platform::kHideReadOnly, "*.zb", ProposedName(Text3)});
+       platform::kExplorerStyle | platform::kOverwritePrompt | platform::kHideReadOnly, "*.zb", OwnSets,
+       ProposedName(Text3)});
   if (!path.empty() && TryToSave(path)) Soubor = path;
 }
 

@@ -45,25 +45,51 @@ QStringList NameFilters(std::string_view filter) {
   return filters;
 }
 
-/// ".zb" of "*.zb" or "zb"; empty for none.
-QString Ending(const std::string& extension) {
-  const QString text = Glyphs(extension);
+/// ".zb" of "*.zb" or "zb", or of the filter's first pattern; empty for none.
+QString Ending(const FileDialog& dialog) {
+  std::string_view filter = dialog.filter;
+  TakePart(filter);
+  const QString text = Glyphs(dialog.default_extension.empty() ? TakePart(filter) : dialog.default_extension);
   const QString bare = text.mid(text.lastIndexOf(u'.') + 1);
   return bare.isEmpty() ? QString() : "." + bare;
 }
 
-/// Folders and files as the style draws them, not as the desktop's icon theme does.
+/// What belongs to the user: the own folder of the dialog, if there is one, and home.
+QStringList OwnFolders(const FileDialog& dialog) {
+  QStringList folders;
+  const std::string own = FindPath(dialog.own_folder);
+  if (!own.empty()) folders << QDir(QString::fromStdString(own)).absolutePath();
+  return folders << QDir::homePath();
+}
+
+QList<QUrl> ToUrls(QStringList folders) {
+  folders.removeDuplicates();
+  QList<QUrl> urls;
+  for (const QString& folder : folders) urls << QUrl::fromLocalFile(folder);
+  return urls;
+}
+
+/// Folders and files as the style draws them, not as the desktop's icon theme does. The user's own folders are marked:
+/// they may be called as those that come with the program.
 class Icons : public QAbstractFileIconProvider {
  public:
+  explicit Icons(QStringList own_folders) : own_folders_(std::move(own_folders)) {}
+
   QIcon icon(IconType type) const override { return SignOf(type == File ? QStyle::SP_FileIcon : QStyle::SP_DirIcon); }
-  QIcon icon(const QFileInfo& file) const override { return icon(file.isDir() ? Folder : File); }
+  QIcon icon(const QFileInfo& file) const override {
+    if (own_folders_.contains(file.absoluteFilePath())) return SignOf(QStyle::SP_DirHomeIcon);
+    return icon(file.isDir() ? Folder : File);
+  }
+
+ private:
+  QStringList own_folders_;
 };
 
 /// Qt's own dialog, which looks like the program's other windows.
 class Dialog : public QFileDialog {
  public:
   Dialog(const FileDialog& dialog, AcceptMode mode)
-      : QFileDialog(FrontWindow()), ending_(Ending(dialog.default_extension)) {
+      : QFileDialog(FrontWindow()), own_folders_(OwnFolders(dialog)), icons_(own_folders_), ending_(Ending(dialog)) {
     const std::string folder = FindPath(dialog.folder);
     setOption(DontUseNativeDialog);
     setOption(HideNameFilterDetails);
@@ -73,7 +99,7 @@ class Dialog : public QFileDialog {
     setFileMode(mode == AcceptOpen && (dialog.flags & kFileMustExist) ? ExistingFile : AnyFile);
     setNameFilters(NameFilters(dialog.filter));
     setDirectory(folder.empty() ? QDir::homePath() : QString::fromStdString(folder));
-    setSidebarUrls({QUrl::fromLocalFile(directory().path()), QUrl::fromLocalFile(QDir::homePath())});
+    setSidebarUrls(ToUrls(QStringList{directory().absolutePath()} + own_folders_));
     setIconProvider(&icons_);
     if (!dialog.name.empty()) selectFile(QString::fromStdString(dialog.name));
     setWindowModality(Qt::ApplicationModal);
@@ -88,31 +114,34 @@ class Dialog : public QFileDialog {
   }
 
   void accept() override {
-    if (acceptMode() == AcceptSave) CompleteName();
+    CompleteName();
     QFileDialog::accept();
   }
 
  private:
-  /// Names get the room, the kind of file says nothing.
+  /// Names get the room; the kind of file and its size say nothing.
   void ShowDetails() {
     setViewMode(Detail);
     constexpr int kNameColumn = 0;
+    constexpr int kSizeColumn = 1;
     constexpr int kKindColumn = 2;
     if (auto* rows = findChild<QTreeView*>("treeView")) {
       rows->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
       rows->header()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
-      rows->hideColumn(kKindColumn);
+      for (const int column : {kSizeColumn, kKindColumn}) rows->hideColumn(column);
     }
   }
 
-  /// Before Qt asks whether an existing file is to be replaced.
+  /// Before Qt looks whether there is such a file. One to open may be called as it was typed.
   void CompleteName() {
     auto* name = findChild<QLineEdit*>("fileNameEdit");
     const QStringList files = selectedFiles();
     if (!name || files.size() != 1 || QFileInfo(files.first()).isDir()) return;
+    if (acceptMode() == AcceptOpen && QFileInfo::exists(files.first())) return;
     if (!files.first().endsWith(ending_, Qt::CaseInsensitive)) name->setText(name->text() + ending_);
   }
 
+  QStringList own_folders_;
   Icons icons_;
   QString ending_;
 };

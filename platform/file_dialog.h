@@ -27,8 +27,10 @@ struct FileDialog {
   /// Where it starts, UTF-8; the user's home when there is no such folder.
   std::string folder;
   unsigned flags = 0;
-  /// Save: what a name without it gets at its end, such as "*.zb" or "zb".
+  /// Save: what a name without it gets at its end, such as "*.zb" or "zb". Open: the same comes from the filter.
   std::string default_extension = {};
+  /// One more folder to go to at once, UTF-8; none when it is empty, or no such folder.
+  std::string own_folder = {};
   /// Save: the name that is there from the beginning, UTF-8.
   std::string name = {};
 };

@@ -54,6 +54,12 @@ void DrawFolder(QPainter& painter, QStyle::StandardPixmap kind) {
   painter.drawRoundedRect(QRectF(4, 6, 15, 12), 3, 3);
   painter.setBrush(Body(ToQt(theme.accent), area));
   painter.drawRoundedRect(area, 3, 3);
+  if (kind == QStyle::SP_DirHomeIcon) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ToQt(theme.accent_text));
+    painter.drawPolygon(QPolygonF({QPointF(20, 11), QPointF(30, 21), QPointF(10, 21)}));
+    painter.drawRect(QRectF(14, 20, 12, 10));
+  }
   if (kind != QStyle::SP_FileDialogNewFolder) return;
   painter.setPen(QPen(ToQt(theme.accent_text), 4, Qt::SolidLine, Qt::RoundCap));
   painter.drawLine(QPointF(20, 15), QPointF(20, 27));

@@ -417,6 +417,8 @@ TEST_F(FileDialogTest, OpensWhatIsTypedOrNothing) {
   dialog_.flags = kFileMustExist | kHideReadOnly;
   Then([] { TypeAndEnter("Žlutá.zb"); });
   EXPECT_EQ(ShowOpenDialog(dialog_), folder_.Path("Žlutá.zb"));
+  Then([] { TypeAndEnter("old"); });
+  EXPECT_EQ(ShowOpenDialog(dialog_), folder_.Path("old.zb"));
   Then([this] { TypeAndEnter(folder_.Path("folder/inner.ZB")); });
   EXPECT_EQ(ShowOpenDialog(dialog_), folder_.Path("folder/inner.ZB"));
   Then([] {
