@@ -142,7 +142,7 @@ constexpr std::array<LanguageRow, kLangStrCount> kRows{{
     {113, "AnotherColl: Yes/No, whether to delete the copied file", kBox, kLines},
     {114, "frmStart2.Command1_Click: title of the box of row 115", kTitle},
     {115, "frmStart2.Command1_Click: box, there is a new player ?1? with the folder ?2?", kBox, kLines, "?1?|?2?"},
-    {116, "frmStart2.Command1_Click: kept for a title of the box of row 48; no routine shows it", kTitle},
+    {116, "frmStart2.Command1_Click: title of the box of row 48", kTitle},
     // Cave properties.
     {117, "frmFormality.Label1 after \"- \"; correction box before \" = 19\"", 28, kContinued},
     {118, "frmFormality.Label2 after \"- \"; correction box before \" = 11\"", 28, kContinued},

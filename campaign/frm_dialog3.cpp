@@ -8,6 +8,7 @@ FrmDialog3::FrmDialog3() : Form(platform::Border::kFixed, 360, 64) {
   constexpr int kEdge = 16;
   Text1.SetBounds(kEdge, kEdge, 218, 34);
   Text1.set_font({16, false, false, false});
+  Text1.set_keeps_unknown(true);
   OKButton.SetBounds(kEdge + 228, kEdge, 100, 34);
   OKButton.on_click = [this] { OKButton_Click(); };
   set_default_button(&OKButton);

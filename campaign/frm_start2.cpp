@@ -42,17 +42,18 @@ bool Hits(int button, int x, int y) {
 
 std::string FileNameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
-bool Ask(const std::string& question) {
-  return platform::ShowMessageBox({question, LangStr[194], platform::BoxButtons::kYesNo,
-                                   platform::BoxIcon::kQuestion}) == platform::BoxAnswer::kYes;
+bool Ask(const std::string& question, platform::BoxButtons buttons) {
+  return platform::ShowMessageBox({question, LangStr[194], buttons, platform::BoxIcon::kQuestion}) ==
+         platform::BoxAnswer::kYes;
 }
 
 /// The path of an existing file, or "".
 std::string AskForFile(const std::string& title, const std::string& shown, const std::string& pattern,
-                       const std::string& folder) {
+                       const std::string& folder, const std::string& own_folder = {}) {
   namespace dialogs = platform::CommonDialogy;
   return dialogs::ShowOpenDialog({title, dialogs::FileFilter(shown, pattern), folder,
-                                  dialogs::kFileMustExist | dialogs::kHideReadOnly, /*default_extension=*/{}});
+                                  dialogs::kFileMustExist | dialogs::kHideReadOnly, /*default_extension=*/{},
+                                  own_folder});
 }
 
 /// Where a copy of a set goes. A name that is taken gets a "~", once: a second such copy takes the place of the first.
@@ -80,10 +81,12 @@ void FrmStart2::FindLanguage() {
   FrmSLang& language = *forms_.frmSLang;
   language.ListLanguages(folder_);
   std::string file = ReadText(registry::kJazyk);
-  if (file.size() < 2 || FindPath(folder_ + "/" + file).empty()) {
+  std::error_code ignored;
+  if (file.size() < 2 || !std::filesystem::is_regular_file(FindPath(folder_ + "/" + file), ignored)) {
     forms_.frmLoading->Hide();
     language.Combo1.Choose(0);
     language.ShowModal();
+    // What was chosen is what counts now, not the value that was lost. That is meant.
     file = language.File1.at(static_cast<std::size_t>(language.Combo1.list_index()));
     forms_.frmLoading->ShowNow();
   }
@@ -135,7 +138,12 @@ void FrmStart2::List2_Click() {
 void FrmStart2::Command1_Click() {
   if (!AskForPlayer()) return;
   FindPlrs();
-  List1.SetFocus();  // what comes next is to play
+  // What comes next is to play, once it is clear as whom: the player selected may be another than the new one.
+  if (List2.count() > 1) {
+    List2.SetFocus();
+  } else {
+    List1.SetFocus();
+  }
 }
 
 /// True when there is a new player.
@@ -147,13 +155,14 @@ bool FrmStart2::AskForPlayer() {
   if (loading) forms_.frmLoading->ShowNow();
   if (dialog.Text1.text().empty()) return false;
   const std::string name = CistyNazev(dialog.Text1.text());
-  const bool made = MakePlayer(name);
+  // A letter that cannot be kept would be missing in the name.
+  const bool made = !dialog.Text1.holds_unknown() && MakePlayer(name);
   if (made) {
     const std::string folder = ReadableFromUtf8(PlayerFolder(name), PageInForce());
     platform::ShowMessageBox({Replaced(Replaced(LangStr[115], "?1?", name), "?2?", folder), LangStr[114],
                               platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
   } else {
-    platform::ShowMessageBox({LangStr[48], HeroName, platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
+    platform::ShowMessageBox({LangStr[48], LangStr[116], platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
   }
   dialog.Text1.set_text("");
   return made;
@@ -206,17 +215,17 @@ void FrmStart2::Command3_Click() {
 }
 
 void FrmStart2::Command2_Click() {
-  std::string path = AskForFile(LangStr[111], LangStr[56] + "(*.zb)", "*.zb", CestaKomnaty);
+  std::string path = AskForFile(LangStr[111], LangStr[56] + "(*.zb)", "*.zb", CestaKomnaty, OwnSets);
   AnotherColl(path);
 }
 
 void FrmStart2::AnotherColl(std::string& path) {
   if (path.empty()) return;
-  if (Ask(LangStr[112])) {
+  if (Ask(LangStr[112], platform::BoxButtons::kYesNo)) {
     const std::string copy = CopyOf(path);
     MakeFolder(OwnSets);
     WriteFile(copy, ReadFile(path));
-    if (Ask(LangStr[113])) {
+    if (Ask(LangStr[113], platform::BoxButtons::kYesDefaultNo)) {
       std::error_code error;
       std::filesystem::remove(path, error);
       if (error) throw Fault("The file cannot be deleted: " + error.message() + ".", path);
@@ -282,4 +291,9 @@ void FrmStart2::Label7_Click() {
 
 void FrmStart2::Form_KeyDown(platform::KeyEvent& event) {
   if (event.code == platform::kKeyEscape && Picture1.visible()) Timer1_Timer();
+  // Enter takes the player over and goes on to the sets, from where it plays.
+  if (event.code == platform::kKeyEnter && List2.has_focus()) {
+    List1.SetFocus();
+    event.handled = true;
+  }
 }

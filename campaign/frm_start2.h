@@ -71,7 +71,7 @@ class FrmStart2 : public platform::Form {
   platform::Image imgDisc{this};
   platform::Image Image7{this};    // the logo of the language
   platform::Label Label8_2{this};  // version
-  platform::Label Label8_3{this};  // contests, in the disc
+  platform::Label Label8_3{this};  // contests, behind the badge
   platform::Image Image1{this};    // contests, the badge
   platform::Label Label8_4{this};  // upon the badge
   platform::Image Image3{this};

@@ -166,14 +166,14 @@ void FrmStart2::Place() {
   button(Image6, Label4, kHelp);
   Image1.MoveTo(kBadge.left, kBadge.top);
   // As much of the badge as a rectangle can take, so that the mark of the focus is whole.
-  Label8_4.SetBounds(kBadge.left + 17, kBadge.top + 10, kBadge.width - 34, kBadge.height - 20);
+  for (platform::Label* label : {&Label8_3, &Label8_4}) {
+    label->SetBounds(kBadge.left + 17, kBadge.top + 10, kBadge.width - 34, kBadge.height - 20);
+  }
   for (platform::Control* control : std::initializer_list<platform::Control*>{&Image1, &Label8_3, &Label8_4}) {
     control->set_tool_tip(Cp1250("Klikni pro více informací o soutěžích"));
+    control->set_accessible_name(control->tool_tip());  // none of them has a caption
     control->set_pointer(platform::Pointer::kHand);
   }
-  Label8_3.SetBounds(236, 412, 170, 20);
-  Label8_3.set_font({13, false, true, false});
-  Label8_3.set_alignment(platform::Alignment::kCentre);
   Label8_2.SetBounds(Pixels(kDisc.x) - 70, 444, 140, 18);
   Label8_2.set_font({12, false, false, false});
   Label8_2.set_alignment(platform::Alignment::kCentre);
@@ -239,8 +239,6 @@ void FrmStart2::SetLW() {
   Command2.set_caption(LangStr[8]);
   Command1.set_caption(LangStr[9]);
   Label8_2.set_caption(LangStr[193] + " 1.1L");
-  Label8_3.set_caption(LangStr[196]);
-  Label8_4.set_accessible_name(LangStr[196]);
   List1.set_accessible_name(LangStr[5]);
   List2.set_accessible_name(LangStr[4]);
   set_caption(HeroName);

@@ -30,20 +30,22 @@ std::string FolderWithFiles(const std::string& programFolder, const std::string&
   return ListFiles(folder, "").empty() ? programFolder + "/" : folder;
 }
 
-std::string Lower(std::string_view text) { return ToLower(text, CodePage::k1250); }
-
 std::string_view Trim(std::string_view text) {
   while (text.starts_with(' ')) text.remove_prefix(1);
   while (text.ends_with(' ')) text.remove_suffix(1);
   return text;
 }
 
-bool SamePlayer(std::string_view a, std::string_view b) { return Lower(Trim(a)) == Lower(Trim(b)); }
+/// A record does not tell the page of the name in it. Its own player wrote it in the page of his own name.
+bool SamePlayer(std::string_view in_record, const std::string& player) {
+  const CodePage page = PlayerPage(player);
+  return ToLower(Trim(in_record), page) == ToLower(Trim(player), page);
+}
 
 }  // namespace
 
 void SetFolders(const std::string& programFolder, std::string_view executable, const std::string& dataFolder) {
-  const bool english = Lower(executable.substr(0, 2)) == "bo";
+  const bool english = ToLower(executable.substr(0, 2), CodePage::k1250) == "bo";
   const std::string sets = english ? "Caves" : "Komnaty";
   CestaKomnaty = FolderWithFiles(programFolder, sets);
   CestaZaznamy = FolderWithFiles(programFolder, english ? "Records" : "Záznamy");
@@ -87,7 +89,7 @@ std::string RecordName(const std::string& setName, const std::string& caveName) 
 
 CaveRecordState ReadRecord(const std::string& player, const std::string& setName, const std::string& caveName,
                            std::string_view caveText) {
-  const std::string name = ToUtf8(Lower(RecordName(setName, caveName)), CodePage::k1250);
+  const std::string name = ToUtf8(ToLower(RecordName(setName, caveName), CodePage::k1250), CodePage::k1250);
   const std::string path = FindPath(PlayerFolder(player) + "/" + name);
   if (path.empty()) return {};
   Recording recording;

@@ -84,7 +84,8 @@ void FrmSada::mnuDown_Click() {
 void FrmSada::mnuDelete_Click() {
   if (PocetK == 1) return;
   const std::string question = LangStr[50] + " '" + lblCave[AktK]->caption() + "' " + LangStr[51];
-  const platform::MessageBox box{question, LangStr[49], platform::BoxButtons::kYesNo, platform::BoxIcon::kQuestion};
+  const platform::MessageBox box{question, LangStr[49], platform::BoxButtons::kYesDefaultNo,
+                                 platform::BoxIcon::kQuestion};
   if (platform::ShowMessageBox(box) != platform::BoxAnswer::kYes) return;
   for (std::size_t i = AktK; i <= PocetK; ++i) {
     KomText[i] = KomText[i + 1];

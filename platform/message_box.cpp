@@ -21,6 +21,7 @@ BoxResponder responder;
 QMessageBox::StandardButtons ToQt(BoxButtons buttons) {
   switch (buttons) {
     case BoxButtons::kYesNo:
+    case BoxButtons::kYesDefaultNo:
       return QMessageBox::Yes | QMessageBox::No;
     case BoxButtons::kYesNoCancel:
       return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -105,6 +106,7 @@ BoxAnswer ShowMessageBox(const MessageBox& box) {
   window.setText(ToGlyphs(box.text, charset));
   window.setIcon(ToQt(box.icon));
   window.setStandardButtons(ToQt(box.buttons));
+  if (box.buttons == BoxButtons::kYesDefaultNo) window.setDefaultButton(QMessageBox::No);
   window.setWindowModality(Qt::ApplicationModal);
   WidenForTitle(window);
   const OwnKey own_key(window, box.key);

@@ -5,7 +5,12 @@
 
 namespace platform {
 
-enum class BoxButtons { kOk, kYesNo, kYesNoCancel };
+enum class BoxButtons {
+  kOk,
+  kYesNo,
+  kYesDefaultNo,  // Enter answers kNo: for what cannot be undone
+  kYesNoCancel,
+};
 enum class BoxIcon { kNone, kInformation, kExclamation, kQuestion, kCritical };
 enum class BoxAnswer { kOk, kYes, kNo, kCancel };
 

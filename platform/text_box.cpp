@@ -109,6 +109,8 @@ QString TextBox::Shown() const {
   return line ? line->text() : WithLineFeeds(PageOf(*this)->document()->toRawText());
 }
 
+bool TextBox::holds_unknown() const { return Shown() != ToGlyphs(text_, charset()); }
+
 void TextBox::Show() {
   showing_ = true;
   const QString glyphs = ToGlyphs(text_, charset());
@@ -124,7 +126,8 @@ void TextBox::Show() {
 QString TextBox::Accepted(const QString& glyphs) const {
   QString result;
   // Letters and their accents as one: only so the code page has them.
-  for (QChar glyph : ToGlyphs(BytesOf(glyphs.normalized(QString::NormalizationForm_C)), charset())) {
+  const QString whole = glyphs.normalized(QString::NormalizationForm_C);
+  for (QChar glyph : keeps_unknown_ ? whole : ToGlyphs(BytesOf(whole), charset())) {
     const bool gap = glyph == u'\t' || glyph == u'\n';
     if (gap && lines_ == TextLines::kOne) glyph = u' ';
     const bool control = (glyph < u' ' && !gap) || glyph == QChar(0x7F);
@@ -181,7 +184,7 @@ std::string TextBox::Cut(const std::string& text) const {
 
 void TextBox::AppearanceChanged() {
   SetFieldColours(*this);
-  if (Shown() != ToGlyphs(text_, charset())) Show();
+  if (!keeps_unknown_ && holds_unknown()) Show();
   Control::AppearanceChanged();
 }
 

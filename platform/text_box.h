@@ -13,8 +13,8 @@ namespace platform {
 enum class TextLines { kOne, kMany };
 
 /// A field to type in. Its text is single-byte text in the code page of its charset; a typed or pasted character that
-/// the code page lacks becomes "?". A line break is CR LF and counts as two characters. A text that set_text brought is
-/// kept byte by byte until the user changes it.
+/// the code page lacks becomes "?", unless it is to be kept in sight. A line break is CR LF and counts as two
+/// characters. A text that set_text brought is kept byte by byte until the user changes it.
 ///
 /// Enter in a box of many lines starts a new line, unless the box is locked; Tab leaves every box.
 class TextBox : public Control {
@@ -28,6 +28,10 @@ class TextBox : public Control {
   void set_max_length(int length);
   /// Nothing but digits can be typed; of what is pasted the digits remain. What set_text brings stays as it is.
   void set_digits_only(bool on) { digits_only_ = on; }
+  /// Shows what the code page lacks as it was typed; text() has "?" for it all the same.
+  void set_keeps_unknown(bool on) { keeps_unknown_ = on; }
+  /// True while such a character is shown.
+  bool holds_unknown() const;
   /// The user can read, select and copy, but not change the text.
   void set_locked(bool locked);
   bool locked() const { return locked_; }
@@ -63,6 +67,7 @@ class TextBox : public Control {
   std::string text_;
   int max_length_ = 0;
   bool digits_only_ = false;
+  bool keeps_unknown_ = false;
   bool locked_ = false;
   bool showing_ = false;  // Qt's widget is being changed from here
 };

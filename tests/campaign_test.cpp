@@ -267,7 +267,8 @@ TEST(RecordsTest, OfARussianSetAreFoundInEveryLanguage) {
   const std::string dog = FromUtf8("Пёс", CodePage::k1251);
   const std::string cave = WonByOneStep("A");
   desk.AddPlayer("Пёс");
-  desk.AddRecord("Пёс", dog, "A", dog, 640, cave + "---02");
+  // Case does not matter in a name of Cyrillic letters either, whatever language is spoken.
+  desk.AddRecord("Пёс", dog, "A", FromUtf8("пЁС", CodePage::k1251), 640, cave + "---02");
   for (const char* language : {"cestina", "russian"}) {
     NactiJazyk(kData + "/" + language + ".zbl");
     EXPECT_EQ(ReadRecord(dog, dog, "A", cave + "---07").verdict, Verdict::kOwn) << language;
@@ -288,6 +289,10 @@ TEST(StartTest, AsksANewUserForLanguageAndName) {
             user::Type("?*/");
             user::TapKey(kKeyEnter);
           },
+          [] {
+            user::Type("Karel Ж");  // not without the letter that cannot be kept
+            user::TapKey(kKeyEnter);
+          },
           [] { user::TapKey(kKeyEscape); },
           [] {
             user::Type("Kare?l");
@@ -298,7 +303,7 @@ TEST(StartTest, AsksANewUserForLanguageAndName) {
   EXPECT_EQ(HeroName, "Borzeek");
   EXPECT_EQ(start.Label1.caption(), "Play");
   EXPECT_EQ(ReadText(registry::kJazyk), "english.zbl");
-  EXPECT_THAT(boxes.texts, ElementsAre(HasSubstr("could not be created"),
+  EXPECT_THAT(boxes.texts, ElementsAre(HasSubstr("cannot be created: A player with this name"), boxes.texts[0],
                                        AllOf(HasSubstr("Welcome, Karel!"), HasSubstr(desk.Path("game/Hráči/Karel")))));
   EXPECT_EQ(start.List2.item(start.List2.list_index()), "Karel");
   EXPECT_EQ(desk.program->hra.PlayerName, "Karel");
@@ -315,9 +320,14 @@ TEST(StartTest, AsksANewUserForLanguageAndName) {
 
   desk.Run();
   EXPECT_EQ(HeroName, "Borzeek") << "asked once";
-  InTurn({[] { user::TapKey(kKeyEnter); }});
-  desk.Start("gone.zbl");
-  EXPECT_EQ(ReadText(registry::kJazyk), "cestina.zbl") << "asked again, and the first one taken";
+  for (const char* lost : {"gone.zbl", "Komnaty"}) {  // the latter is a folder
+    InTurn({[] {
+      user::TapKey(kKeyDown);
+      user::TapKey(kKeyEnter);
+    }});
+    desk.Start(lost);
+    EXPECT_EQ(ReadText(registry::kJazyk), "english.zbl") << "asked again, and the answer counts";
+  }
 }
 
 TEST(StartTest, KeepsThePlaceOfThePlayerInTheListAndNotTheName) {
@@ -346,8 +356,10 @@ TEST(StartTest, KeepsThePlaceOfThePlayerInTheListAndNotTheName) {
   add("Adam");
   EXPECT_THAT(boxes.texts.back(), HasSubstr("Adam"));
   EXPECT_EQ(start.List2.count(), 3);
-  EXPECT_TRUE(start.List1.has_focus()) << "ready to play";
   EXPECT_EQ(desk.program->hra.PlayerName, "Karel") << "whose place is now the second";
+  EXPECT_TRUE(start.List2.has_focus());
+  user::TapKey(kKeyEnter);
+  EXPECT_TRUE(start.List1.has_focus()) << "goes on to the sets and does not play as Karel yet";
 
   WriteNumber(registry::kPosledniHrac, 7);
   desk.Run();
@@ -472,6 +484,13 @@ TEST(StartTest, CopiesASetFromElsewhereAndKeepsOneOlderCopy) {
   EXPECT_FALSE(fs::exists(source));
   EXPECT_THAT(ListFiles(CestaKomnaty, ".zb"), ElementsAre("cizi.zb", "cizi~.zb"));
   EXPECT_EQ(start.List1.item(1), "Ctvrta (cizi~.zb)");
+  std::string kept = source;
+  EditedSet fifth = SetOf("Pata", {"A"});
+  SaveColl(kept, fifth);
+  InTurn({[] { user::TapKey(kKeyEnter); }, [] { user::TapKey(kKeyEnter); }});
+  start.AnotherColl(kept);
+  EXPECT_TRUE(kept != source && fs::exists(source)) << "two strokes of Enter copy, and delete nothing";
+  desk.program->frmPoSt.Close();
   std::string none;
   start.AnotherColl(none);
   EXPECT_FALSE(desk.program->frmPoSt.visible());
