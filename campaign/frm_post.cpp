@@ -105,6 +105,8 @@ void FrmPoSt::Place() {
   Picture2.SetBounds(0, 0, Picture1.width(), kHighestCaveNumber * kRow);
   VScroll1.SetBounds(kEdge + kListWidth - 8 - 18, kListTop + 8, 18, kRowsShown * kRow);
   VScroll1.set_large_change(kRowsShown);
+  shpAktK.set_back_colour(kSelected);
+  shpAktK.set_line_width(0);
   Label6.SetBounds(kEdge + 8, kListTop + kListHeight + 6, kListWidth - 16, 24);
   Label6.set_middle(true);
   Label6.set_font({16, false, false, false});
@@ -123,8 +125,7 @@ void FrmPoSt::Place() {
   lblDescr.set_word_wrap(true);
   lblDescr.set_font({16, false, false, false});
   lblZzn.SetBounds(kRight + 18, kBottom - kButton - 18 - 28, kRightWidth - 36, 20);
-  lblZzn.set_fore_colour(theme.muted_text);
-  lblZzn.set_font({13, false, true, false});
+  lblZzn.set_font({14, false, false, false});
   Command1.SetBounds(kRight + 18, kBottom - kButton - 14, 190, kButton);
   Command2.SetBounds(kRight + kRightWidth - 18 - 120, kBottom - kButton - 14, 120, kButton);
   Command2.set_font({18, true, false, false});
@@ -155,7 +156,9 @@ void FrmPoSt::FrmLoad() {
     num.set_alignment(platform::Alignment::kCentre);
     num.set_fore_colour(platform::Application::theme().muted_text);
     num.set_caption(Digits(i, 2));
-    make(lblCave, kNumWidth, top, Picture1.width() - kNumWidth - kScoreWidth);
+    make(lblCave, kNumWidth, top, Picture1.width() - kNumWidth - kScoreWidth).on_double_click = [this, i] {
+      if (StavK[static_cast<std::size_t>(i)] != Locked) Command2_Click();
+    };
     platform::Label& score = make(lblScore, Picture1.width() - kScoreWidth, top, kScoreWidth);
     score.set_alignment(platform::Alignment::kCentre);
     score.on_click = [this, i] { lblScore_Click(i); };
@@ -216,9 +219,9 @@ void FrmPoSt::ShowMail() {
 // The order matters: a record opens the next cave, and whether a bonus cave lets the next one open is asked of its
 // final state. A record of another player opens the next cave all the same.
 void FrmPoSt::ReadProgress() {
-  const std::string player = forms_.hra->PlayerName;
+  const PlayerRecords records(forms_.hra->PlayerName);
   for (std::size_t j = 1; j <= PocetK; ++j) {
-    const CaveRecordState record = ReadRecord(player, Label4.caption(), KomRec[j].Name, KomText[j]);
+    const CaveRecordState record = records.Read(Label4.caption(), KomRec[j].Name, KomText[j]);
     if (record.verdict != Verdict::kNone) {
       StavK.at(j + 1) = Open;
       StavK[j] = record.verdict == Verdict::kOwn ? Passed : ForeignRecord;
@@ -257,12 +260,11 @@ void FrmPoSt::lblCave_Click(int n) {
   if (n < 1 || n > PocetK) return;
   ShowCard(n);
   PlaceDescription();
-  MarkRow(AktK, false);
   AktK = static_cast<std::int16_t>(n);
   const int top = lblCave[static_cast<std::size_t>(n)]->top();
   while (Picture2.top() + top + 4 >= Picture1.height()) VScroll1.set_value(VScroll1.value() + 1);
   while (Picture2.top() + top < 0) VScroll1.set_value(VScroll1.value() - 1);
-  MarkRow(AktK, true);
+  MarkRow(AktK);
   if (Command2.visible()) Command2.SetFocus();
 }
 
@@ -313,16 +315,14 @@ void FrmPoSt::PresetGame(const CaveRecord& cave) {
   forms_.hra->lblSebr.set_caption("000");
 }
 
-void FrmPoSt::MarkRow(int n, bool selected) {
-  if (!HasRow(n)) return;
-  for (Column* column : {&lblNum, &lblCave, &lblScore}) {
-    (*column)[static_cast<std::size_t>(n)]->set_back_colour(selected ? std::optional(kSelected) : std::nullopt);
-  }
+void FrmPoSt::MarkRow(int n) {
+  shpAktK.SetBounds(0, lblCave[static_cast<std::size_t>(n)]->top(), Picture1.width(), kRow);
 }
 
 void FrmPoSt::VScroll1_Change() { Picture2.set_top(-kRow * VScroll1.value()); }
 
 void FrmPoSt::Form_KeyDown(platform::KeyEvent& event) {
+  const bool reading = Label1.has_focus();  // the description scrolls by these keys
   event.handled = true;
   if (event.code == platform::kKeyDown) {
     lblCave_Click(AktK + 1);
@@ -330,6 +330,14 @@ void FrmPoSt::Form_KeyDown(platform::KeyEvent& event) {
     lblCave_Click(AktK - 1);
   } else if (event.code == platform::kKeyEscape) {
     Close();
+  } else if (event.code == platform::kKeyPageDown && !reading) {
+    lblCave_Click(std::min<int>(AktK + kRowsShown, PocetK));
+  } else if (event.code == platform::kKeyPageUp && !reading) {
+    lblCave_Click(std::max(AktK - kRowsShown, 1));
+  } else if (event.code == platform::kKeyHome && !reading) {
+    lblCave_Click(1);
+  } else if (event.code == platform::kKeyEnd && !reading) {
+    lblCave_Click(PocetK);
   } else {
     event.handled = false;
   }
@@ -417,6 +425,6 @@ void FrmPoSt::Command4_Click() { OtevriOdkaz(folder_ + "/Help/Tempo/index.htm");
 
 void FrmPoSt::Label3_Click() {
   if (!Label3.font().underline) return;
-  OtevriOdkaz(ToUtf8("mailto:" + MailAutora + "?subject=" + LangStr[82] + " '" + Label4.caption() + "' " + LangStr[83],
-                     PageInForce()));
+  OtevriOdkaz(MailTo(ToUtf8(MailAutora, PageInForce())) +
+              ToUtf8("?subject=" + LangStr[82] + " '" + Label4.caption() + "' " + LangStr[83], PageInForce()));
 }

@@ -61,6 +61,7 @@ class FrmPoSt : public platform::Form, public PlayedSet {
   platform::Shape shpList{this, platform::ShapeKind::kRounded};
   platform::Frame Picture1{this};  // shows ten rows of Picture2
   platform::Frame Picture2{&Picture1};
+  platform::Shape shpAktK{&Picture2};  // the selected row
   platform::ScrollBar VScroll1{this, platform::Orientation::kVertical};
   platform::Label Label6{this};                                  // how many caves are left
   platform::TextBox Label1{this, platform::TextLines::kMany};    // description of the set
@@ -90,7 +91,7 @@ class FrmPoSt : public platform::Form, public PlayedSet {
   void ShowCard(int n);
   void PlaceDescription();
   void PresetGame(const CaveRecord& cave);
-  void MarkRow(int n, bool selected);
+  void MarkRow(int n);
   bool HasRow(int n) const { return n >= 1 && n <= kHighestCaveNumber && lblCave[static_cast<std::size_t>(n)]; }
 
   std::string folder_;

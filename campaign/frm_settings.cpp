@@ -4,11 +4,15 @@
 #include <cstdint>
 
 #include "base/lang_str.h"
+#include "platform/application.h"
 #include "platform/keys.h"
 #include "shell/registry_values.h"
+#include "view/picture_files.h"
+#include "view/tile_pictures.h"
 
 namespace {
 
+constexpr int kSign = 20;     // logical pixels
 constexpr int kSlowest = 10;  // speeds run from 1, the fastest, to 10; a bar to the right means faster
 
 /// A stored speed; a damaged one becomes the slowest.
@@ -22,7 +26,11 @@ std::uint8_t SpeedOf(const platform::ScrollBar& bar) { return static_cast<std::u
 
 }  // namespace
 
-FrmSettings::FrmSettings() {
+FrmSettings::FrmSettings(const std::string& programFolder) {
+  for (std::size_t i = 0; i < imgSpeed.size(); ++i) {
+    imgSpeed[i].set_picture(LoadExtra(programFolder + "/pictures", i % 2 == 0 ? picture::kSlow : picture::kFast, kSign,
+                                      kSign, platform::Application::PixelRatio()));
+  }
   for (platform::ScrollBar* bar : {&HScroll1, &HScroll2}) {
     bar->set_min(1);
     bar->set_max(kSlowest);
@@ -49,10 +57,17 @@ void FrmSettings::Place() {
     control.SetBounds(kEdge, top, inner, height);
     top += height + gap;
   };
+  const auto placeBar = [&](platform::ScrollBar& bar, std::size_t signs, int gap) {
+    const int barTop = top;
+    place(bar, kSign, gap);
+    bar.SetBounds(kEdge + kSign + 8, barTop, inner - 2 * (kSign + 8), kSign);
+    imgSpeed[signs].MoveTo(kEdge, barTop);
+    imgSpeed[signs + 1].MoveTo(kEdge + inner - kSign, barTop);
+  };
   place(Label1, 22, 4);
-  place(HScroll1, 20, 14);
+  placeBar(HScroll1, 0, 14);
   place(Label2, 22, 4);
-  place(HScroll2, 20, 18);
+  placeBar(HScroll2, 2, 18);
   for (platform::CheckBox* box : {&Check1, &Check2, &Check3, &Check4}) place(*box, 26, 4);
   top += 14;
   Command1.SetBounds(kEdge + (inner - 120) / 2, top, 120, 36);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <functional>
+#include <string>
 
 #include "base/settings.h"
 #include "platform/controls.h"
@@ -10,7 +12,8 @@
 /// change only when the button is pressed, so closing the window by itself loses nothing and takes nothing over.
 class FrmSettings : public platform::Form, public Settings {
  public:
-  FrmSettings();
+  /// programFolder: where the pictures lie.
+  explicit FrmSettings(const std::string& programFolder);
 
   /// Takes the stored values over. On the first start there are none: the defaults are stored, then.
   void ReadValues();
@@ -27,10 +30,13 @@ class FrmSettings : public platform::Form, public Settings {
   platform::ScrollBar HScroll1{this, platform::Orientation::kHorizontal};  // speed of play
   platform::Label Label2{this};
   platform::ScrollBar HScroll2{this, platform::Orientation::kHorizontal};  // speed of a replay
-  platform::CheckBox Check1{this};                                         // animate amoeba and slime
-  platform::CheckBox Check2{this};                                         // pause after thirty seconds
-  platform::CheckBox Check3{this};                                         // sound
-  platform::CheckBox Check4{this};                                         // joystick
+  /// Which end of each bar is slow, and which is fast.
+  std::array<platform::Image, 4> imgSpeed{platform::Image{this}, platform::Image{this}, platform::Image{this},
+                                          platform::Image{this}};
+  platform::CheckBox Check1{this};  // animate amoeba and slime
+  platform::CheckBox Check2{this};  // pause after thirty seconds
+  platform::CheckBox Check3{this};  // sound
+  platform::CheckBox Check4{this};  // joystick
   platform::Button Command1{this};
 
  private:

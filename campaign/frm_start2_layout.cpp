@@ -204,14 +204,14 @@ void FrmStart2::PlacePanel() {
   constexpr int kSide = 104;  // width of the buttons beside the lists
   constexpr int kList = kInner - kSide - 6;
   Picture1.SetBounds(kPanel.left, kPanel.top, kPanel.width, kPanel.height);
-  Label5.SetBounds(kLeft + 14, 30, kList - 14, 18);
-  List2.SetBounds(kLeft, 48, kList, 28);
-  Command1.SetBounds(kLeft + kInner - kSide, 48, kSide, 28);
-  Label6.SetBounds(kLeft, 86, kList, 18);
-  Command2.SetBounds(kLeft + kInner - kSide, 78, kSide, 28);
-  List1.SetBounds(kLeft - 6, 108, kInner + 12, 84);
-  List1.set_font({13, false, false, false});  // room for a name and its file
-  Command3.SetBounds(42, 196, kPanel.width - 84, 33);
+  Label5.SetBounds(kLeft + 14, 24, kList - 14, 18);
+  List2.SetBounds(kLeft, 42, kList, 27);
+  Command1.SetBounds(kLeft + kInner - kSide, 42, kSide, 27);
+  Label6.SetBounds(kLeft, 77, kList, 18);
+  Command2.SetBounds(kLeft + kInner - kSide, 70, kSide, 27);
+  List1.SetBounds(kLeft - 6, 98, kInner + 12, 103);  // five rows
+  List1.set_font({13, false, false, false});         // room for a name and its file
+  Command3.SetBounds(42, 202, kPanel.width - 84, 28);
   Picture1.set_visible(false);
 }
 

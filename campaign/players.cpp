@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -10,6 +11,7 @@
 #include "base/fault.h"
 #include "base/files.h"
 #include "base/folders.h"
+#include "base/utf8.h"
 #include "cave/names.h"
 #include "engine/recording.h"
 
@@ -37,8 +39,7 @@ std::string_view Trim(std::string_view text) {
 }
 
 /// A record does not tell the page of the name in it. Its own player wrote it in the page of his own name.
-bool SamePlayer(std::string_view in_record, const std::string& player) {
-  const CodePage page = PlayerPage(player);
+bool SamePlayer(std::string_view in_record, std::string_view player, CodePage page) {
   return ToLower(Trim(in_record), page) == ToLower(Trim(player), page);
 }
 
@@ -83,15 +84,28 @@ bool MakePlayer(const std::string& player) {
   return std::filesystem::create_directories(folder, error);
 }
 
-std::string RecordName(const std::string& setName, const std::string& caveName) {
-  return CistyNazev(setName + " - " + caveName) + ".zbr";
+PlayerRecords::PlayerRecords(const std::string& player) : player_(player), page_(PlayerPage(player)) {
+  folder_ = FindPath(PlayerFolder(player));
+  if (folder_.empty()) return;
+  for (std::string& file : ListFiles(folder_, ".zbr")) {
+    std::u32string key = CaseKey(file);
+    files_[std::move(key)].push_back(std::move(file));
+  }
 }
 
-CaveRecordState ReadRecord(const std::string& player, const std::string& setName, const std::string& caveName,
-                           std::string_view caveText) {
-  const std::string name = ToUtf8(ToLower(RecordName(setName, caveName), CodePage::k1250), CodePage::k1250);
-  const std::string path = FindPath(PlayerFolder(player) + "/" + name);
-  if (path.empty()) return {};
+/// The name in small letters goes before the same one in other case.
+std::string PlayerRecords::FileOf(const std::string& name) const {
+  const auto files = files_.find(CaseKey(name));
+  if (files == files_.end()) return {};
+  const std::vector<std::string>& names = files->second;
+  return std::find(names.begin(), names.end(), name) != names.end() ? name : names.front();
+}
+
+CaveRecordState PlayerRecords::Read(const std::string& setName, const std::string& caveName,
+                                    std::string_view caveText) const {
+  const std::string name = FileOf(ToUtf8(ToLower(RecordName(setName, caveName), CodePage::k1250), CodePage::k1250));
+  if (name.empty()) return {};
+  const std::string path = folder_ + "/" + name;
   Recording recording;
   try {
     recording = ReadRecording(ReadFile(path));
@@ -101,5 +115,5 @@ CaveRecordState ReadRecord(const std::string& player, const std::string& setName
   }
   const auto cells = [](std::string_view text) { return text.substr(0, text.size() - kTailLength); };
   if (cells(recording.caveText) != cells(caveText)) return {};
-  return {SamePlayer(recording.player, player) ? Verdict::kOwn : Verdict::kForeign, recording.score};
+  return {SamePlayer(recording.player, player_, page_) ? Verdict::kOwn : Verdict::kForeign, recording.score};
 }

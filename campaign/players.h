@@ -1,8 +1,11 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "base/code_page.h"
 
 // A player is a folder, and what a player has reached is nothing but the record files in it. Names are
 // single-byte text, paths UTF-8.
@@ -28,9 +31,6 @@ std::vector<std::string> ListPlayers();
 /// for a name of nothing but blanks.
 bool MakePlayer(const std::string& player);
 
-/// The name of a record file, in code page 1250.
-std::string RecordName(const std::string& setName, const std::string& caveName);
-
 /// What a record says of a cave.
 enum class Verdict {
   kNone,     // there is none, or it is of another cave
@@ -43,7 +43,20 @@ struct CaveRecordState {
   int score = 0;
 };
 
-/// Reads what the player's folder holds about a cave. caveText: the cave's line in its set, with its tail; the tail
-/// alone may differ. Throws Fault when the file has fewer than three lines or no cave in the third, or cannot be read.
-CaveRecordState ReadRecord(const std::string& player, const std::string& setName, const std::string& caveName,
-                           std::string_view caveText);
+/// The records of a player as they lie in the folder when this is made: it is listed once for a whole set.
+class PlayerRecords {
+ public:
+  explicit PlayerRecords(const std::string& player);
+
+  /// Reads what there is about a cave. caveText: the cave's line in its set, with its tail; the tail alone may differ.
+  /// Throws Fault when the file has fewer than three lines or no cave in the third, or cannot be read.
+  CaveRecordState Read(const std::string& setName, const std::string& caveName, std::string_view caveText) const;
+
+ private:
+  std::string FileOf(const std::string& name) const;
+
+  std::string player_;
+  CodePage page_;
+  std::string folder_;
+  std::map<std::u32string, std::vector<std::string>> files_;  // names of one key differ in case alone
+};

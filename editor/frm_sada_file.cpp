@@ -122,10 +122,10 @@ void FrmSada::mnuSave_Click() {
 void FrmSada::mnuSaveAs_Click() {
   std::error_code ignored;  // without the folder the dialog starts elsewhere
   std::filesystem::create_directories(OwnSets, ignored);
-  const std::string path = platform::ShowSaveDialog(
-      {LangStr[57], SetFilter(), OwnSets,
-       platform::kExplorerStyle | platform::kOverwritePrompt | platform::kHideReadOnly, "*.zb", OwnSets,
-       ProposedName(Text3)});
+  const std::string path =
+      platform::ShowSaveDialog({LangStr[57], SetFilter(), OwnSets,
+                                platform::kExplorerStyle | platform::kOverwritePrompt | platform::kHideReadOnly, "*.zb",
+                                OwnSets, ProposedName(Text3)});
   if (!path.empty() && TryToSave(path)) Soubor = path;
 }
 

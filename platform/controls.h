@@ -36,7 +36,7 @@ class Label : public Captioned {
   void set_alignment(Alignment alignment);
   /// The text stands in the middle of the height instead of at the top.
   void set_middle(bool middle);
-  /// Breaks lines at the label's width. Without it a text that is too long ends in an ellipsis.
+  /// Breaks lines at the label's width. A text that has no room all the same ends in an ellipsis.
   void set_word_wrap(bool wrap);
   bool word_wrap() const { return word_wrap_; }
   /// The label takes the size of its caption; with word wrap its height only, at the width that it has then.

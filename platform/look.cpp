@@ -91,11 +91,11 @@ void DrawCheckMark(QPainter& painter, const QStyleOption& option) {
   const bool enabled = option.state & QStyle::State_Enabled;
   const QRectF area = QRectF(option.rect).adjusted(1, 1, -1, -2);
   DrawSunk(painter, area, 4, ToQt(theme.field));
-  if (enabled && (option.state & (QStyle::State_MouseOver | QStyle::State_HasFocus))) {
-    painter.setPen(QPen(ToQt(theme.accent), 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPath(Rounded(area.adjusted(1, 1, -1, -1), 3));
-  }
+  // The box alone is as dark as the ground: a line shows it, also while it is empty.
+  const bool chosen = enabled && (option.state & (QStyle::State_MouseOver | QStyle::State_HasFocus));
+  painter.setPen(QPen(ToQt(chosen ? theme.accent : theme.muted_text), 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPath(Rounded(area.adjusted(1, 1, -1, -1), 3));
   if (!(option.state & QStyle::State_On)) return;
   QPen pen(ToQt(enabled ? theme.accent : theme.muted_text), area.width() / 6, Qt::SolidLine, Qt::RoundCap,
            Qt::RoundJoin);

@@ -27,6 +27,16 @@ void DrawLines(QPainter& painter, const TextLayout& text, const QSize& area, Ali
   }
 }
 
+/// What has no room ends in an ellipsis: each line that is too wide, and the last one that is seen.
+void CutOff(TextLayout& text, const QFontMetrics& metrics, const QSize& area) {
+  const qsizetype seen = std::max(area.height() / text.line_height, 1);
+  if (text.lines.size() > seen) {
+    text.lines.resize(seen);
+    text.lines.last() += u'…';
+  }
+  for (QString& line : text.lines) line = metrics.elidedText(line, Qt::ElideRight, area.width());
+}
+
 }  // namespace
 
 void Captioned::set_caption(const std::string& caption) {
@@ -82,10 +92,7 @@ void Label::Paint(QPainter& painter) const {
   const QFont text_font = ToQt(font());
   painter.setFont(text_font);
   TextLayout text = LayOut(ToGlyphs(caption(), charset()), text_font, word_wrap_ ? area.width() : 0);
-  if (!word_wrap_ && !auto_size_) {
-    const QFontMetrics metrics(text_font);
-    for (QString& line : text.lines) line = metrics.elidedText(line, Qt::ElideRight, area.width());
-  }
+  if (!auto_size_) CutOff(text, QFontMetrics(text_font), area);
   DrawLines(painter, text, area, alignment_, middle_);
 }
 

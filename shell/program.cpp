@@ -27,7 +27,8 @@ void SetLFont() {
 }  // namespace
 
 Program::Program(std::string folder, std::string executable, std::string dataFolder)
-    : frmAnalyze(folder),
+    : frmSettings(folder),
+      frmAnalyze(folder),
       hra(folder, frmSettings),
       frmPoSt(folder, forms),
       frmStart2(folder, forms),

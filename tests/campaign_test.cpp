@@ -240,7 +240,7 @@ TEST(RecordsTest, TellWhoseTheyAreAndWhetherTheyAreOfThisCave) {
   SetFolders(desk.Path("game"), "zorbik");
   desk.AddPlayer("Karel");
   const std::string cave = WonByOneStep("A");
-  const auto read = [&](const std::string& text) { return ReadRecord("Karel", "Sada", "A", text + "---07"); };
+  const auto read = [&](const std::string& text) { return PlayerRecords("Karel").Read("Sada", "A", text + "---07"); };
   EXPECT_EQ(read(cave).verdict, Verdict::kNone);
 
   desk.AddRecord("Karel", "Sada", "A", " KAREL ", 640, cave + "---02");
@@ -271,7 +271,7 @@ TEST(RecordsTest, OfARussianSetAreFoundInEveryLanguage) {
   desk.AddRecord("Пёс", dog, "A", FromUtf8("пЁС", CodePage::k1251), 640, cave + "---02");
   for (const char* language : {"cestina", "russian"}) {
     NactiJazyk(kData + "/" + language + ".zbl");
-    EXPECT_EQ(ReadRecord(dog, dog, "A", cave + "---07").verdict, Verdict::kOwn) << language;
+    EXPECT_EQ(PlayerRecords(dog).Read(dog, "A", cave + "---07").verdict, Verdict::kOwn) << language;
   }
 }
 
@@ -596,6 +596,15 @@ TEST(OverviewTest, ScrollsFromElevenCavesOn) {
   for (int i = 0; i < 10; ++i) user::TapKey(kKeyDown);
   EXPECT_EQ(form.VScroll1.value(), 1);
   EXPECT_EQ(form.Picture2.top(), -form.lblCave[2]->top());
+  user::TapKey(kKeyHome);
+  user::TapKey(kKeyPageDown);
+  user::TapKey(kKeyPageUp);
+  user::TapKey(kKeyEnd);
+  EXPECT_EQ(form.AktK, 11);
+  user::TapKey(kKeyPageUp);
+  EXPECT_EQ(form.AktK, 1);
+  user::TapKey(kKeyPageDown);
+  EXPECT_EQ(form.AktK, 11);
   for (int i = 0; i < 9; ++i) user::TapKey(kKeyUp);
   EXPECT_EQ(form.VScroll1.value(), 1);
   user::TapKey(kKeyUp);
@@ -606,13 +615,14 @@ TEST(OverviewTest, ScrollsFromElevenCavesOn) {
 
 TEST(OverviewTest, LinksToAuthorAndContest) {
   EditedSet set = SetOf(Cp1250("TEMPOerný Zorbík"), {"A", "A"});
+  set.Mail = "eva@jeskyne.cz?cc=a&b%40";
   Overview overview(
       set, [&](Desk& desk) { desk.AddRecord("Karel", set.Name, "A", "Karel", 5, WonByOneStep("A") + "---01"); });
   FrmPoSt& form = overview.form();
   EXPECT_THAT(overview.States(), ElementsAre(Passed, Passed)) << "caves of one name share a record";
   std::vector<std::string> links;
   SetLinkResponder([&](const std::string& link) { links.push_back(link); });
-  EXPECT_EQ(form.Label3.tool_tip(), LangStr[77] + " 'eva@jeskyne.cz'");
+  EXPECT_EQ(form.Label3.tool_tip(), LangStr[77] + " '" + set.Mail + "'");
   user::Click(form.Label3, 5, 10);
   ASSERT_TRUE(form.Command4.visible());
   user::Click(form.Command4);
@@ -620,10 +630,10 @@ TEST(OverviewTest, LinksToAuthorAndContest) {
   user::TapKey(kKeyEscape);  // whose panel hides the link
   user::Click(overview.program->frmStart2.Label8_3);
   SetLinkResponder({});
-  EXPECT_THAT(
-      links,
-      ElementsAre("mailto:eva@jeskyne.cz?subject=" + Utf8(LangStr[82]) + " 'TEMPOerný Zorbík' " + Utf8(LangStr[83]),
-                  overview.Path("game/Help/Tempo/index.htm"), overview.Path("game/Help/Tempo/index.htm")));
+  EXPECT_THAT(links,
+              ElementsAre("mailto:eva@jeskyne.cz%3Fcc%3Da%26b%2540?subject=" + Utf8(LangStr[82]) +
+                              " 'TEMPOerný Zorbík' " + Utf8(LangStr[83]),
+                          overview.Path("game/Help/Tempo/index.htm"), overview.Path("game/Help/Tempo/index.htm")));
 }
 
 /// What all files in a folder hold, by their names.
@@ -759,7 +769,9 @@ TEST(CampaignTest, TheLastWinCountsAndOneThatIsNotRecordedIsForgotten) {
 TEST(CampaignTest, AGameIsLeftAndRestarted) {
   Overview overview(SetOf("Sada", {"A", "B"}));
   FormHra& hra = overview.program->hra;
-  user::Click(overview.form().Command2);
+  user::DoubleClick(*overview.form().lblCave[2], 40, 10);
+  EXPECT_FALSE(hra.visible()) << "a locked cave";
+  user::DoubleClick(*overview.form().lblCave[1], 40, 10);
   ASSERT_TRUE(user::WaitUntil([&] { return user::HasInput(hra); }));
   EXPECT_TRUE(hra.tmrHra.enabled()) << "the game runs at once";
   EXPECT_FALSE(overview.form().visible());

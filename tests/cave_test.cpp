@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 
+#include "base/code_page.h"
 #include "base/fault.h"
 #include "base/files.h"
 #include "base/lang_str.h"
@@ -266,6 +267,20 @@ TEST(Names, CleanedForFiles) {
   EXPECT_EQ(CistyNazev(" <|>.\n'"), " <|>.\n'") << "nothing else is dropped";
   EXPECT_EQ(CistyNazev("?/"), "");
   EXPECT_EQ(CistyNazev(""), "");
+}
+
+TEST(Names, OfRecordsAreAsLongAsThoseOfFilesCanBe) {
+  const auto size = [](const std::string& set, const std::string& cave) {
+    return ToUtf8(RecordName(set, cave), CodePage::k1250).size();
+  };
+  const std::string two(120, '\xE1');  // of two bytes each
+  EXPECT_EQ(RecordName("S/ada", "A?"), "Sada - A.zbr");
+  EXPECT_EQ(RecordName(two, std::string(8, 'x')).find('~'), std::string::npos);
+  EXPECT_EQ(size(two, std::string(8, 'x')), 255U);
+  EXPECT_EQ(size(two, std::string(9, 'x')), 255U);
+  EXPECT_EQ(size(std::string(190, '\x96'), std::string(190, '\x96')), 253U) << "cut between letters of three bytes";
+  EXPECT_NE(RecordName(two, std::string(9, 'x')), RecordName(two, std::string(10, 'x')));
+  EXPECT_EQ(RecordName("S", std::string(1, '\0')).size(), std::string("S - ~12345678.zbr").size());
 }
 
 TEST(Names, BonusCaves) {

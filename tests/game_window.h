@@ -86,7 +86,7 @@ struct Game {
   std::string text;
   int restarts = 0;
   int left = 0;
-  FrmSettings settings;
+  FrmSettings settings{kData};
   FormHra form{kData, settings};
 };
 

@@ -27,8 +27,7 @@ void FormHra::WinGame() {
 }
 
 std::string FormHra::RecordPath() const {
-  const std::string name = CistyNazev(SetName + " - " + CaveName);
-  return PlayerFolder(PlayerName) + "/" + ToUtf8(name, CodePage::k1250) + ".zbr";
+  return PlayerFolder(PlayerName) + "/" + ToUtf8(RecordName(SetName, CaveName), CodePage::k1250);
 }
 
 // A record that cannot be written is not given up: the player can make room and try again. The old one stands

@@ -168,11 +168,14 @@ inline constexpr Extra kKeysLeft = {"keys_left.svg", 36, 24};
 inline constexpr Extra kKeysMiddle = {"keys_middle.svg", 76, 24};
 inline constexpr Extra kKeysRight = {"keys_right.svg", 76, 24};
 inline constexpr Extra kWarning = {"warning.svg", 24, 24};
+// At the ends of a bar for a speed.
+inline constexpr Extra kSlow = {"slow.svg", 24, 24};
+inline constexpr Extra kFast = {"fast.svg", 24, 24};
 
-inline constexpr std::array<Extra, 29> kExtras = {
+inline constexpr std::array<Extra, 31> kExtras = {
     kBlesk,      kBonus,      kReplay,     kIconClock,   kIconGem,    kIconNeed,  kIconPoints,  kIconScore,
     kLamp,       kStart,      kButton,     kContest,     kPlaque,     kLogo,      kLogoEnglish, kLogoRussian,
     kApp,        kFacingLeft, kFacingUp,   kFacingRight, kFacingDown, kMagicMark, kMouseLeft,   kMouseMiddle,
-    kMouseRight, kKeysLeft,   kKeysMiddle, kKeysRight,   kWarning};
+    kMouseRight, kKeysLeft,   kKeysMiddle, kKeysRight,   kWarning,    kSlow,      kFast};
 
 }  // namespace picture

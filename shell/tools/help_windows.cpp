@@ -10,6 +10,7 @@
 #include "base/folders.h"
 #include "base/language.h"
 #include "campaign/players.h"
+#include "cave/names.h"
 #include "cave/scramble.h"
 #include "cave/set_file.h"
 #include "engine/recording.h"
