@@ -21,7 +21,7 @@ struct CaveRecord {
   std::uint8_t Height = 0;        // rows, at most 51
   std::uint8_t Width = 0;         // columns, at most 81
   std::uint8_t SlimeThrough = 0;  // how easily slime lets things through; the editor gives 0..8, a file up to 190
-  bool FromText = false;          // the cells inside come from a cave text, whose bytes may be 0, too
+  bool FromText = false;          // the cells inside come from a text, whose bytes may be 0, too
 
   /// The character of cell (x, y), x 0..80, y 0..50, which is not checked; 0 where nothing was ever written, unless the
   /// byte comes from a text.

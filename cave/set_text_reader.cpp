@@ -207,6 +207,7 @@ class SetReader {
       syntax_.Fail(rows.line(), "there are " + std::to_string(cells.size()) + " rows here, the size asks for " +
                                     std::to_string(height) + ".");
     }
+    record.FromText = true;
     record.Width = static_cast<std::uint8_t>(width);
     record.Height = static_cast<std::uint8_t>(height);
     for (std::size_t y = 0; y < height; ++y) {

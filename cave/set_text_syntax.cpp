@@ -141,7 +141,6 @@ std::string SetSyntax::Row(const Piece& row) const {
     const char c = rest.front();
     if (c == '\\') {
       cells += TakeEscape(rest, row.line);
-      if (cells.back() == 0) Fail(row.line, "a cell cannot hold the byte 0; give the whole cave as \"raw:\".");
       continue;
     }
     if (!LoadOfCharacter(c).known) {

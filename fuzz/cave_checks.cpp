@@ -110,3 +110,24 @@ void CheckSetText(std::string_view text) {
   }
   CheckReadableForm(lines);
 }
+
+void CheckTexts(std::string_view texts) {
+  const std::string cave =
+      "description: Dig.\ntime: 150\nneed: 5\npoints: 5 20\nmagic: 20\namoeba: 50\ncolour: 2\nslime: "
+      "4\nrows:\n|W;T\n|W1D\n";
+  const std::string set =
+      "zorbik set\ncode page: 1250\nset: S\nstart: 1\nauthor: A\ndescription: D\nmail: a@b.cz\ncave 1\nname: One\n" +
+      cave + "cave\nname: Two\n" + cave + "congratulation: Well done\n";
+  const std::vector<std::string> before = SetFromText(set, "set.txt");
+  std::string changed;
+  try {
+    changed = WithTexts(set, "set.txt", texts, "texts.txt");
+  } catch (const Fault& fault) {
+    Require(fault.file().starts_with("texts.txt:"), "the fault does not name the line");
+    return;
+  }
+  CodePage page = CodePage::k1250;
+  const std::vector<std::string> after = SetFromText(changed, "set.txt", &page);
+  Require(after.size() == before.size(), "the texts have brought or taken lines");
+  CheckReadableForm(after);
+}

@@ -18,3 +18,6 @@ inline constexpr char kLineSeparator = '\x1E';
 
 /// A text in readable form: when it is accepted, the lines it means have a readable form that means the same.
 void CheckSetText(std::string_view text);
+
+/// The texts of another language for a small set: when they are accepted, the set is one, with the same caves.
+void CheckTexts(std::string_view texts);

@@ -175,7 +175,6 @@ class Desk {
 }  // namespace
 
 void CheckEdit(std::string_view bytes) {
-  constexpr std::size_t kActionSize = 4;
   const std::string_view text = bytes.substr(0, bytes.find(kEditSeparator));
   Desk desk{std::string(text)};
   bytes.remove_prefix(std::min(text.size() + 1, bytes.size()));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 /// What must hold for a cave under edit, whatever an author does. bytes: a cave text, kEditSeparator, and what is done
@@ -13,3 +14,5 @@ void CheckEdit(std::string_view bytes);
 
 /// The byte between the cave text and the actions.
 inline constexpr char kEditSeparator = '\x1E';
+/// Bytes of an action.
+inline constexpr std::size_t kActionSize = 4;

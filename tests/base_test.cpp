@@ -10,6 +10,7 @@
 
 #include "base/code_page.h"
 #include "base/files.h"
+#include "base/tool.h"
 #include "base/utf8.h"
 #include "fault_check.h"
 #include "temp_folder.h"
@@ -299,6 +300,10 @@ TEST_F(Files, ListingsAreInTheOrderOfTheAlphabet) {
   EXPECT_THAT(ListFiles(folder_.path(), ".zb"), ElementsAreArray(sorted));
   EXPECT_THAT(ListFolders(folder_.path()), ElementsAre("Archiv", "folder.zb"));
   EXPECT_THAT(ListFiles(Path("missing"), ".zb"), IsEmpty());
+}
+
+TEST(Tool, ShowsWhatWouldSteerATerminal) {
+  EXPECT_EQ(Visible("Zorbík\x1b[2J\n\xC2\x9B\xFF\x7F"), "Zorbík\\x1b[2J\\x0a\\x9b\\xff\\x7f");
 }
 
 }  // namespace

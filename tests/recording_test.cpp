@@ -162,6 +162,8 @@ TEST(Zbrcheck, GivesAVerdictOnEachFile) {
   EXPECT_EQ(RunZbrcheck(good + " " + without).status, 1);
   EXPECT_THAT(RunZbrcheck("--json " + without).output, HasSubstr("\"verdict\": \"no record\"}"));
   folder.Make("--json", record);
+  const std::string forged = folder.Make("a.zbr: won 9\nb.zbr", "");
+  EXPECT_THAT(RunZbrcheck("'" + forged + "'").output, HasSubstr("won 9\\x0ab.zbr: damaged")) << "one line a file";
   EXPECT_EQ(RunZbrcheck("--strict -- --json", folder.path()).output, "--json: won 159\n");
   for (const std::string wrong : {"", "--", "--bogus", "--dump x.zbr", "--trace a b"})
     EXPECT_EQ(RunZbrcheck(wrong).status, 2) << wrong;

@@ -1,12 +1,13 @@
 // Looks for mistakes in language files.
 
 #include <cstdio>
-#include <exception>
+#include <iostream>
 #include <string>
 #include <string_view>
 
 #include "base/fault.h"
 #include "base/files.h"
+#include "base/tool.h"
 #include "zbl_rules.h"
 
 namespace {
@@ -19,10 +20,10 @@ constexpr const char* kUsage =
 bool Check(const std::string& path) {
   try {
     const std::vector<std::string> findings = CheckLanguageFile(ReadFile(path));
-    for (const std::string& finding : findings) std::printf("%s: %s\n", path.c_str(), finding.c_str());
+    for (const std::string& finding : findings) std::cout << Visible(path + ": " + finding) << "\n";
     return findings.empty();
   } catch (const Fault& fault) {
-    std::fprintf(stderr, "%s\n", fault.message().c_str());
+    std::cerr << "zblcheck: " << Visible(fault.message()) << "\n";
     return false;
   }
 }
@@ -44,10 +45,5 @@ int Run(int count, char** words) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  try {
-    return Run(argc, argv);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "zblcheck: %s\n", error.what());
-    return 1;
-  }
+  return RunTool("zblcheck", [&] { return Run(argc, argv); });
 }

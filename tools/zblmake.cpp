@@ -1,12 +1,12 @@
 // Makes a language file from its readable source, or renews the notes in the source.
 
 #include <cstdio>
-#include <exception>
 #include <string>
 #include <string_view>
 
 #include "base/fault.h"
 #include "base/files.h"
+#include "base/tool.h"
 #include "zbl_source.h"
 
 namespace {
@@ -40,12 +40,5 @@ int Run(int count, char** words) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  try {
-    return Run(argc, argv);
-  } catch (const Fault& fault) {
-    std::fprintf(stderr, "%s\n", fault.message().c_str());
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "zblmake: %s\n", error.what());
-  }
-  return 1;
+  return RunTool("zblmake", [&] { return Run(argc, argv); });
 }

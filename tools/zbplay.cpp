@@ -22,6 +22,7 @@
 #include "base/fault.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "base/tool.h"
 #include "base/utf8.h"
 #include "cave/names.h"
 #include "cave/set_file.h"
@@ -147,7 +148,7 @@ std::string Shown(const std::string& text) {
   for (char& c : line) {
     if (c == '\n' || c == '\r') c = ' ';
   }
-  return line;
+  return Visible(line);
 }
 
 bool IsTerminal() { return isatty(STDOUT_FILENO) != 0; }
@@ -254,7 +255,7 @@ class Show {
 
   /// The player of these records is the hero himself.
   void WriteRecord() const {
-    const std::string name = Shown(CistyNazev(set_.Name + " - " + Record().Name)) + ".zbr";
+    const std::string name = ToUtf8(RecordName(set_.Name, Record().Name), CodePage::k1250);
     WriteFile(options_.record + "/" + name, RecordText(set_.Name, Score(), Cp1250("Zorbík"), player_.recording()));
   }
 
@@ -325,18 +326,17 @@ int Run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  try {
-    const Options options = ParseArguments(argc, argv);
-    if (options.help) {
+  const auto body = [&] {
+    try {
+      const Options options = ParseArguments(argc, argv);
+      if (!options.help) return Run(options);
       std::cout << kUsageText << kOptionsText << kScriptHelp;
       return kWon;
+    } catch (const UsageFault& fault) {
+      if (*fault.what() != '\0') std::cerr << "zbplay: " << Visible(fault.what()) << ".\n";
+      std::cerr << kUsageText << "\"zbplay --help\" tells more.\n";
+      return kUsage;
     }
-    return Run(options);
-  } catch (const UsageFault& fault) {
-    if (*fault.what() != '\0') std::cerr << "zbplay: " << fault.what() << ".\n";
-    std::cerr << kUsageText << "\"zbplay --help\" tells more.\n";
-  } catch (const Fault& fault) {
-    std::cerr << "zbplay: " << fault.message() << '\n';
-  }
-  return kUsage;
+  };
+  return RunTool("zbplay", body, kUsage);
 }

@@ -15,6 +15,7 @@
 
 #include "base/fault.h"
 #include "base/files.h"
+#include "base/tool.h"
 #include "base/utf8.h"
 #include "engine/replay.h"
 
@@ -47,6 +48,7 @@ struct Options {
   bool json = false;
   bool trace = false;
   bool dump = false;
+  bool help = false;
   std::vector<std::string> files;
 };
 
@@ -61,7 +63,7 @@ struct Verdict {
 };
 
 [[noreturn]] void WrongUsage(const std::string& what) {
-  std::cerr << "zbrcheck: " << what << "\n" << kUsage;
+  std::cerr << "zbrcheck: " << Visible(what) << "\n" << kUsage;
   std::exit(2);
 }
 
@@ -75,8 +77,8 @@ Options ReadArguments(int argc, char** argv) {
     } else if (argument == "--") {
       filesFollow = true;
     } else if (argument == "--help") {
-      std::cout << kUsage;
-      std::exit(0);
+      options.help = true;
+      return options;
     } else if (argument == "--strict") {
       options.strict = true;
     } else if (argument == "--json") {
@@ -158,7 +160,7 @@ Verdict Check(const std::string& file, bool strict) {
 }
 
 std::string Plain(const std::string& file, const Verdict& verdict) {
-  std::string text = file + ": ";
+  std::string text = Visible(file) + ": ";
   switch (verdict.kind) {
     case Verdict::Kind::kWon:
       return text + "won " + std::to_string(verdict.score);
@@ -171,7 +173,7 @@ std::string Plain(const std::string& file, const Verdict& verdict) {
     case Verdict::Kind::kDamaged:
       break;
   }
-  return text + "damaged: " + verdict.reason;
+  return text + "damaged: " + Visible(verdict.reason);
 }
 
 /// A byte of a file's name that is no UTF-8 becomes the code that CodePoints gives it, so that the object stays JSON.
@@ -276,7 +278,7 @@ int PrintTrace(const Options& options) {
     return replay.Score() == recording.score ? 0 : 1;
   } catch (const std::exception& fault) {
     std::fflush(stdout);
-    std::cerr << file << ": damaged: " << fault.what() << "\n";
+    std::cerr << Visible(file + ": damaged: " + fault.what()) << "\n";
     return 1;
   }
 }
@@ -284,9 +286,12 @@ int PrintTrace(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const Options options = ReadArguments(argc, argv);
-  const int status = options.trace ? PrintTrace(options) : PrintVerdicts(options);
-  if (std::cout.flush() && std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
-  std::cerr << "zbrcheck: The verdicts cannot be written.\n";
-  return 1;
+  return RunTool("zbrcheck", [&] {
+    const Options options = ReadArguments(argc, argv);
+    if (options.help) {
+      std::cout << kUsage;
+      return 0;
+    }
+    return options.trace ? PrintTrace(options) : PrintVerdicts(options);
+  });
 }

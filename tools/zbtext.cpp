@@ -3,12 +3,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <iostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/fault.h"
 #include "base/files.h"
+#include "base/tool.h"
 #include "cave/set_file.h"
 #include "cave/set_text.h"
 
@@ -99,16 +101,10 @@ Arguments Parse(const std::vector<std::string>& words) {
   return arguments;
 }
 
-void Print(const std::string& text) {
-  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
-    throw Fault("The text cannot be written.", "standard output");
-  }
-}
-
 void Run(const Arguments& arguments) {
   const std::vector<std::string>& files = arguments.files;
   if (arguments.help) {
-    Print(kHelp);
+    std::cout << kHelp;
   } else if (arguments.toSet) {
     std::string text = ReadFile(files[0]);
     if (!arguments.texts.empty()) text = WithTexts(text, files[0], ReadFile(arguments.texts), arguments.texts);
@@ -118,7 +114,7 @@ void Run(const Arguments& arguments) {
     if (files.size() == 2) {
       WriteFile(files[1], text);
     } else {
-      Print(text);
+      std::cout << text;
     }
   }
 }
@@ -126,16 +122,13 @@ void Run(const Arguments& arguments) {
 }  // namespace
 
 int main(int count, char** words) {
-  try {
-    Run(Parse(std::vector<std::string>(words + 1, words + count)));
-    return EXIT_SUCCESS;
-  } catch (const UsageError& error) {
-    std::fprintf(stderr, "zbtext: %s\n\n%s", error.what(), kHelp);
-    return 2;
-  } catch (const Fault& fault) {
-    std::fprintf(stderr, "%s\n", fault.message().c_str());
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "zbtext: %s\n", error.what());
-  }
-  return EXIT_FAILURE;
+  return RunTool("zbtext", [&] {
+    try {
+      Run(Parse(std::vector<std::string>(words + 1, words + count)));
+      return EXIT_SUCCESS;
+    } catch (const UsageError& error) {
+      std::cerr << "zbtext: " << Visible(error.what()) << "\n\n" << kHelp;
+      return 2;
+    }
+  });
 }

@@ -9,6 +9,7 @@
 #include "base/files.h"
 #include "base/folders.h"
 #include "base/language.h"
+#include "base/tool.h"
 #include "campaign/players.h"
 #include "cave/names.h"
 #include "cave/scramble.h"
@@ -115,11 +116,8 @@ int main(int argc, char** argv) {
   }
   platform::user::UseOffscreen(1024, 768);
   platform::Application application(argc, argv, "help_windows");
-  try {
+  return RunTool("help_windows", [&] {
     Shoot({argv[1], argv[2], argv[3], argv[4], argv[5]});
-  } catch (const Fault& fault) {
-    std::cerr << "help_windows: " << fault.message() << '\n';
-    return 1;
-  }
-  return 0;
+    return 0;
+  });
 }

@@ -2,8 +2,8 @@
 
 #include <array>
 #include <cstdio>
-#include <exception>
 #include <filesystem>
+#include <iostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +12,7 @@
 #include "base/fault.h"
 #include "base/lang_str.h"
 #include "base/language.h"
+#include "base/tool.h"
 #include "own_home.h"
 #include "platform/application.h"
 #include "platform/cramped.h"
@@ -70,8 +71,9 @@ class Fit {
  private:
   void Tell(const char* form, const std::string& caption, int pixels, bool high) {
     good_ = false;
-    std::printf("%s: %s, in %s: \"%s\" is %d pixels too %s\n", file_.c_str(), RowIn(caption).c_str(), form,
-                ToUtf8(caption, PageInForce()).c_str(), pixels, high ? "high" : "wide");
+    std::cout << Visible(file_ + ": " + RowIn(caption) + ", in " + form + ": \"" + ToUtf8(caption, PageInForce()) +
+                         "\" is " + std::to_string(pixels) + " pixels too " + (high ? "high" : "wide"))
+              << "\n";
   }
 
   std::string file_;
@@ -126,7 +128,7 @@ int Run(const std::vector<std::string>& words) {
     try {
       good = Check(file) && good;
     } catch (const Fault& fault) {
-      std::fprintf(stderr, "zblfit: %s\n", fault.message().c_str());
+      std::cerr << "zblfit: " << Visible(fault.message()) << "\n";
       good = false;
     }
   }
@@ -136,13 +138,7 @@ int Run(const std::vector<std::string>& words) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::vector<std::string> words(argv + 1, argv + argc);
-  try {
-    platform::user::UseOffscreen(800, 600);  // the smallest screen that holds the program
-    platform::Application application(argc, argv, "zblfit");
-    return Run(words);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "zblfit: %s\n", error.what());
-    return 1;
-  }
+  platform::user::UseOffscreen(800, 600);  // the smallest screen that holds the program
+  platform::Application application(argc, argv, "zblfit");
+  return RunTool("zblfit", [&] { return Run(std::vector<std::string>(argv + 1, argv + argc)); });
 }

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <cstdio>
-#include <exception>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -10,6 +9,7 @@
 
 #include "base/fault.h"
 #include "base/files.h"
+#include "base/tool.h"
 #include "loudness.h"
 #include "recipes.h"
 #include "wave_file.h"
@@ -38,8 +38,9 @@ void PrintLevels(const std::filesystem::path& folder) {
   for (const std::string& name : names) {
     const std::string path = folder / name;
     const synth::Sound sound = WaveSound(ReadFile(path), path);
-    std::printf("%-16s %8.3f %8.1f %8.1f %9.1f\n", name.c_str(), static_cast<double>(sound.size()) / synth::kRate,
-                synth::Decibels(synth::Peak(sound)), synth::Decibels(Effective(sound)), synth::Loudness(sound));
+    std::printf("%-16s %8.3f %8.1f %8.1f %9.1f\n", Visible(name).c_str(),
+                static_cast<double>(sound.size()) / synth::kRate, synth::Decibels(synth::Peak(sound)),
+                synth::Decibels(Effective(sound)), synth::Loudness(sound));
   }
 }
 
@@ -61,12 +62,5 @@ int Run(int count, char** words) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  try {
-    return Run(argc, argv);
-  } catch (const Fault& fault) {
-    std::fprintf(stderr, "%s\n", fault.message().c_str());
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "zvuky: %s\n", error.what());
-  }
-  return 1;
+  return RunTool("zvuky", [&] { return Run(argc, argv); });
 }

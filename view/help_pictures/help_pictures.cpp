@@ -11,6 +11,7 @@
 
 #include "base/fault.h"
 #include "base/files.h"
+#include "base/tool.h"
 #include "cave/cave_text.h"
 #include "cave/set_file.h"
 #include "cave/set_text.h"
@@ -233,13 +234,10 @@ int main(int argc, char** argv) {
   }
   platform::user::UseOffscreen();
   platform::Application application(argc, argv, "help_pictures");
-  try {
+  return RunTool("help_pictures", [&] {
     std::filesystem::create_directories(argv[3]);
     SaveTiles(argv[1], argv[3]);
     SaveScenes(argv[1], argv[2], argv[3]);
-  } catch (const Fault& fault) {
-    std::cerr << "help_pictures: " << fault.message() << '\n';
-    return 1;
-  }
-  return 0;
+    return 0;
+  });
 }

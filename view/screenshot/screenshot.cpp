@@ -14,6 +14,7 @@
 #include "base/fault.h"
 #include "base/lang_str.h"
 #include "base/language.h"
+#include "base/tool.h"
 #include "platform/application.h"
 #include "platform/message_box.h"
 #include "platform/testing.h"
@@ -149,11 +150,8 @@ int main(int argc, char** argv) {
   setenv("QT_SCALE_FACTOR", std::to_string(options.ratio).c_str(), 1);
   platform::user::UseOffscreen(options.width, options.height);
   platform::Application application(argc, argv, "screenshot");
-  try {
+  return RunTool("screenshot", [&] {
     Shoot(options);
-  } catch (const Fault& fault) {
-    std::cerr << "screenshot: " << fault.message() << '\n';
-    return 1;
-  }
-  return 0;
+    return 0;
+  });
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/fault.h"
+#include "base/tool.h"
 #include "platform/application.h"
 #include "platform/controls.h"
 #include "platform/form.h"
@@ -243,11 +244,8 @@ int main(int argc, char** argv) {
   setenv("QT_SCALE_FACTOR", ratio.c_str(), 1);
   platform::user::UseOffscreen();
   platform::Application application(argc, argv, "tilesheet");
-  try {
+  return RunTool("tilesheet", [&] {
     Draw(folder, file);
-  } catch (const Fault& fault) {
-    std::cerr << "tilesheet: " << fault.message() << '\n';
-    return 1;
-  }
-  return 0;
+    return 0;
+  });
 }
