@@ -10,6 +10,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMenu>
+#include <QMimeData>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
@@ -135,6 +136,7 @@ void Type(const std::string& utf8) {
 }
 
 void SetClipboard(const std::string& utf8) { QApplication::clipboard()->setText(QString::fromStdString(utf8)); }
+void EmptyClipboard() { QApplication::clipboard()->setMimeData(new QMimeData); }
 std::string Clipboard() { return QApplication::clipboard()->text().toStdString(); }
 
 void PressMouse(const Control& control, int x, int y, int button, int shift) {

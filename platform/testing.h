@@ -26,6 +26,8 @@ void Type(const std::string& utf8);
 /// The desktop's clipboard, UTF-8.
 void SetClipboard(const std::string& utf8);
 std::string Clipboard();
+/// Leaves nothing in it, not even an empty text: as at a fresh login, or when the program that copied has gone.
+void EmptyClipboard();
 
 /// The mouse over a control. held: mask of the buttons held while it moves.
 void PressMouse(const Control& control, int x, int y, int button = kLeftButton, int shift = 0);

@@ -1,6 +1,7 @@
 #include "platform/text_box.h"
 
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTextCursor>
 #include <algorithm>
@@ -11,13 +12,22 @@ namespace platform {
 
 namespace {
 
+/// Pastes and takes in a drop only what holds a text: Qt takes the first of the formats that the desktop offers, and a
+/// clipboard whose owner has gone offers none.
+class PlainPage : public QPlainTextEdit {
+ protected:
+  void insertFromMimeData(const QMimeData* source) override {
+    if (source->hasText()) QPlainTextEdit::insertFromMimeData(source);
+  }
+};
+
 QWidget* MakeEditor(TextLines lines) {
   if (lines == TextLines::kOne) {
     auto* line = new QLineEdit;
     line->setTextMargins(4, 0, 4, 0);
     return line;
   }
-  auto* page = new QPlainTextEdit;
+  auto* page = new PlainPage;
   page->setTabChangesFocus(true);
   page->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   page->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

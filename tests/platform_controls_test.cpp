@@ -204,6 +204,10 @@ TEST(TextBoxTest, ManyLines) {
   EXPECT_EQ(box.text(), "a\r\n?b\r\nc\r\n?");
   user::TapKey('Z', kCtrl);
   EXPECT_EQ(box.text(), "a\r\n?") << "one step back, though the paste was mended";
+  user::EmptyClipboard();
+  user::TapKey('V', kCtrl);
+  user::TapKey(kKeyInsert, kShift);
+  EXPECT_EQ(box.text(), "a\r\n?") << "there was nothing to paste";
   box.set_locked(true);
   user::Type("x");
   user::TapKey(kKeyEnter);
