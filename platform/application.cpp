@@ -75,12 +75,11 @@ class KeyTap : public QObject {
       SetProgramActive(static_cast<QApplicationStateChangeEvent*>(event)->applicationState() == Qt::ApplicationActive);
       return false;
     }
-    // Qt drops what comes to a window behind a modal one, the release of a key too.
-    if (event->type() == QEvent::WindowBlocked) ReleaseAllKeys();
     // A key comes to its window first and from there to the widget with the focus: here it counts once, at the window.
-    if ((event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) || !receiver->isWindowType()) {
-      return false;
-    }
+    if (!receiver->isWindowType()) return false;
+    if (event->type() == QEvent::WindowBlocked) KeysGoUnseen();
+    if (event->type() == QEvent::WindowUnblocked || event->type() == QEvent::FocusIn) KeysAreSeenAgain();
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) return false;
     const auto& key = static_cast<QKeyEvent&>(*event);
     FeedKey(key);
     if (QApplication::activePopupWidget()) return false;

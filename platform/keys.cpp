@@ -1,7 +1,12 @@
 #include "platform/keys.h"
 
+#include <xcb/xcb.h>
+
+#include <QGuiApplication>
 #include <algorithm>
 #include <bitset>
+#include <cstdlib>
+#include <memory>
 #include <string_view>
 #include <unordered_map>
 
@@ -62,6 +67,12 @@ quint64 PlaceOf(const QKeyEvent& event) {
   return quint64{1} << 32 | static_cast<quint64>(VirtualKey(event));
 }
 
+/// Where the desktop can be asked which keys are down, which is on X11 alone; otherwise null.
+xcb_connection_t* X11Connection() {
+  const auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+  return x11 ? x11->connection() : nullptr;
+}
+
 }  // namespace
 
 int VirtualKey(const QKeyEvent& event) {
@@ -90,18 +101,34 @@ QtKey QtKeyOf(int code) {
 }
 
 void FeedKey(const QKeyEvent& event) {
-  if (event.isAutoRepeat()) return;
   if (event.type() == QEvent::KeyRelease) {
-    State().down.erase(PlaceOf(event));
+    if (!event.isAutoRepeat()) State().down.erase(PlaceOf(event));
     return;
   }
   const int code = VirtualKey(event);
   if (code == 0) return;
   State().down[PlaceOf(event)] = code;
-  State().pressed.set(static_cast<std::size_t>(code));
+  if (!event.isAutoRepeat()) State().pressed.set(static_cast<std::size_t>(code));
 }
 
 void ReleaseAllKeys() { State() = {}; }
+
+void KeysGoUnseen() {
+  State().pressed.reset();
+  if (!X11Connection()) State().down.clear();
+}
+
+void KeysAreSeenAgain() {
+  xcb_connection_t* connection = X11Connection();
+  if (!connection || State().down.empty()) return;
+  const std::unique_ptr<xcb_query_keymap_reply_t, decltype(&std::free)> reply(
+      xcb_query_keymap_reply(connection, xcb_query_keymap(connection), nullptr), std::free);
+  if (!reply) return;
+  std::erase_if(State().down, [&reply](const auto& key) {
+    const quint64 place = key.first;  // a bit for each, eight to a byte
+    return place / 8 >= std::size(reply->keys) || (reply->keys[place / 8] >> place % 8 & 1) == 0;
+  });
+}
 
 void SetProgramActive(bool active) {
   program_active = active;

@@ -195,14 +195,22 @@ TEST(KeysTest, LosingTheInputLetsAllGo) {
   user::ReleaseKey(kKeyLeft);
 }
 
-TEST(KeysTest, AModalFormLetsAllGoSinceTheReleaseIsLostBehindIt) {
+TEST(KeysTest, AModalFormLetsAllGoSinceTheReleaseIsLostBehindItUntilAutoRepeatTellsOfIt) {
   ShownForm form;
   Form dialog;
   user::PressKey(kKeyCtrl);
+  user::PressKey(kKeyRight);
   Held(kKeyCtrl);
-  user::WhenFront([&] { dialog.Close(); });
+  user::WhenFront([&] {
+    user::PressKey(kKeyRight, 0, true);
+    dialog.Close();
+  });
   dialog.ShowModal();
   EXPECT_FALSE(Held(kKeyCtrl));
+  EXPECT_TRUE(Held(kKeyRight));
+  user::WaitUntil([&] { return user::HasInput(form); });
+  user::ReleaseKey(kKeyRight);
+  EXPECT_FALSE(Held(kKeyRight));
 }
 
 TEST(KeysTest, KeysGoToTheGameAndLeaveTheFocusAlone) {
