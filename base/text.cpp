@@ -14,3 +14,15 @@ std::string Digits(int number, int width) {
   std::snprintf(text, sizeof text, "%0*d", width, number);
   return text;
 }
+
+std::string Shortened(std::string_view text) {
+  constexpr char kEllipsis = '\x85';  // in both code pages
+  std::string shown(text.substr(0, kLongestShown));
+  if (shown.size() < text.size()) shown.back() = kEllipsis;
+  return shown;
+}
+
+std::string ShownFault(const Fault& fault, CodePage page) {
+  const std::string what = Shortened(ReadableFromUtf8(fault.what(), page));
+  return fault.file().empty() ? what : Shortened(ReadableFromUtf8(fault.file(), page)) + ": " + what;
+}

@@ -210,7 +210,7 @@ void FrmPoSt::ShowMail() {
   MailAutora = link ? Mail : "";
   Label3.set_fore_colour(link ? kCyan : kWhite);
   Label3.set_font({16, false, false, link});
-  Label3.set_tool_tip(link ? LangStr[77] + " '" + MailAutora + "'" : "");
+  Label3.set_tool_tip(link ? LangStr[77] + " '" + Shortened(MailAutora) + "'" : "");
   Label3.set_pointer(link ? platform::Pointer::kHand : platform::Pointer::kArrow);
   Label3.set_tab_stop(link);
   Label3.set_width(std::min(Label3.text_width() + 4, 540));
@@ -293,7 +293,7 @@ void FrmPoSt::ShowCard(int n) {
     const std::string& player = forms_.hra->PlayerName;
     const std::string name = RecordName(Label4.caption(), KomRec[cave].Name);
     lblZzn.set_caption(name);
-    lblZzn.set_tool_tip(ReadableFromUtf8(PlayerFolder(player), PageInForce()) + "/" + name);
+    lblZzn.set_tool_tip(Shortened(ReadableFromUtf8(PlayerFolder(player), PageInForce())) + "/" + Shortened(name));
   }
   PresetGame(KomRec[cave]);
   lblName.set_caption(KomRec[cave].Name);

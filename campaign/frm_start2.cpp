@@ -159,7 +159,7 @@ bool FrmStart2::AskForPlayer() {
   const bool made = !dialog.Text1.holds_unknown() && MakePlayer(name);
   if (made) {
     const std::string folder = ReadableFromUtf8(PlayerFolder(name), PageInForce());
-    platform::ShowMessageBox({Replaced(Replaced(LangStr[115], "?1?", name), "?2?", folder), LangStr[114],
+    platform::ShowMessageBox({Replaced(Replaced(LangStr[115], "?1?", Shortened(name)), "?2?", folder), LangStr[114],
                               platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
   } else {
     platform::ShowMessageBox({LangStr[48], LangStr[116], platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
@@ -210,7 +210,7 @@ void FrmStart2::Timer1_Timer() {
 void FrmStart2::Command3_Click() {
   if (List1.list_index() < 0) throw Fault("No cave set is selected.");
   const std::string path = File1.at(static_cast<std::size_t>(List1.list_index()));
-  forms_.frmPoSt->set_caption(Replaced(LangStr[108], "?1?", forms_.hra->PlayerName));
+  forms_.frmPoSt->set_caption(Replaced(LangStr[108], "?1?", Shortened(forms_.hra->PlayerName)));
   forms_.frmPoSt->LoadColl(path);
 }
 
@@ -234,7 +234,7 @@ void FrmStart2::AnotherColl(std::string& path) {
     FindColls();
   }
   // The mark for the player stays in the text, and the name follows it. That is meant.
-  forms_.frmPoSt->set_caption(LangStr[108] + " " + forms_.hra->PlayerName);
+  forms_.frmPoSt->set_caption(LangStr[108] + " " + Shortened(forms_.hra->PlayerName));
   forms_.frmPoSt->LoadColl(path);
 }
 

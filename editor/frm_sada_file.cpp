@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "base/code_page.h"
 #include "base/folders.h"
 #include "base/lang_str.h"
 #include "base/language.h"
@@ -58,8 +57,8 @@ void CheckCaves(const std::string& path, const EditedSet& set) {
 
 /// The set under edit stays as it is after a fault.
 void FrmSada::Tell(const Fault& fault) {
-  platform::ShowMessageBox({ReadableFromUtf8(fault.message(), PageInForce()), HeroName, platform::BoxButtons::kOk,
-                            platform::BoxIcon::kCritical});
+  platform::ShowMessageBox(
+      {ShownFault(fault, PageInForce()), HeroName, platform::BoxButtons::kOk, platform::BoxIcon::kCritical});
 }
 
 void FrmSada::mnuNew_Click() {

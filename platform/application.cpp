@@ -14,6 +14,7 @@
 #include <exception>
 
 #include "base/fault.h"
+#include "base/text.h"
 #include "platform/form.h"
 #include "platform/key_state.h"
 #include "platform/look.h"
@@ -35,13 +36,13 @@ Settings& State() {
 }
 
 /// Tells the user what went wrong and ends the program.
-[[noreturn]] void EndWith(const std::string& message) {
+[[noreturn]] void EndWith(const Fault& fault) {
   static bool reporting = false;
   if (!reporting) {
     reporting = true;
     const Charset charset = Application::default_charset();
-    ShowMessageBox({ToBytes(QString::fromStdString(message), charset),
-                    ToBytes(QCoreApplication::applicationName(), charset), BoxButtons::kOk, BoxIcon::kCritical});
+    ShowMessageBox({ShownFault(fault, PageOf(charset)), ToBytes(QCoreApplication::applicationName(), charset),
+                    BoxButtons::kOk, BoxIcon::kCritical});
   }
   Application::Quit(1);
 }
@@ -52,9 +53,9 @@ auto Guarded(Call call) {
   try {
     return call();
   } catch (const Fault& fault) {
-    EndWith(fault.message());
+    EndWith(fault);
   } catch (const std::exception& error) {
-    EndWith(error.what());
+    EndWith(Fault(error.what()));
   }
 }
 

@@ -1,9 +1,11 @@
 #include "platform/message_box.h"
 
+#include <QApplication>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QScreen>
 #include <algorithm>
 #include <utility>
 
@@ -60,10 +62,25 @@ BoxAnswer FromQt(int button) {
   }
 }
 
-/// A box is wide enough for its title, not only for its text.
+/// As much of a text as the screen has room for beside title and buttons, with "…" for what is left out.
+QString FittingText(const QString& text, const QFont& font) {
+  constexpr int kAround = 200;       // pixels above and below the text, a task bar included
+  constexpr int kNarrowest = 300;    // pixels that Qt gives to a text in several lines at least
+  constexpr int kLongestLine = 200;  // letters, however thin
+  const int most = (QApplication::primaryScreen()->size().height() - kAround) / QFontMetrics(font).lineSpacing();
+  QStringList lines = LayOut(text.left(most * kLongestLine), font, kNarrowest).lines;
+  if (lines.size() <= most && text.size() <= most * kLongestLine) return text;
+  lines = lines.mid(0, most);
+  lines.back().append(u'…');
+  return lines.join(u'\n');
+}
+
+/// A box is wide enough for its title, not only for its text, unless the screen has no room for that.
 void WidenForTitle(QMessageBox& box) {
   constexpr int kTitleButtons = 140;  // pixels that the desktop's icon and buttons take
-  const int width = std::max(240, QFontMetrics(box.font()).horizontalAdvance(box.windowTitle()) + kTitleButtons);
+  constexpr int kWidest = 900;        // pixels; Qt itself makes no box wider than 1000
+  const int title = QFontMetrics(box.font()).horizontalAdvance(box.windowTitle()) + kTitleButtons;
+  const int width = std::clamp(title, 240, std::min(kWidest, Application::ScreenWidth() * 3 / 5));
   if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
     grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
   }
@@ -103,7 +120,7 @@ BoxAnswer ShowMessageBox(const MessageBox& box) {
   QMessageBox window(FrontWindow());
   window.setTextFormat(Qt::PlainText);
   window.setWindowTitle(ToGlyphs(box.title, charset));
-  window.setText(ToGlyphs(box.text, charset));
+  window.setText(FittingText(ToGlyphs(box.text, charset), window.font()));
   window.setIcon(ToQt(box.icon));
   window.setStandardButtons(ToQt(box.buttons));
   if (box.buttons == BoxButtons::kYesDefaultNo) window.setDefaultButton(QMessageBox::No);

@@ -24,7 +24,7 @@ struct MessageBox {
 };
 
 /// Shows a modal box and returns the button pressed. Escape and the close button answer the last button: kOk, kNo or
-/// kCancel. All timers stand still until the box is closed.
+/// kCancel. All timers stand still until the box is closed. A text that the screen has no room for is cut with "…".
 BoxAnswer ShowMessageBox(const MessageBox& box);
 
 /// For tests: answers boxes in place of the user. An empty function brings the real boxes back.

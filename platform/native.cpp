@@ -14,8 +14,6 @@ namespace platform {
 
 namespace {
 
-CodePage PageOf(Charset charset) { return charset == Charset::kCyrillic ? CodePage::k1251 : CodePage::k1250; }
-
 QStringList BreakLine(const QString& line, const QFont& font, int width) {
   QTextLayout layout(line, font);
   QTextOption option;
@@ -67,6 +65,8 @@ void DrawPixels(QPainter& painter, const QImage& image, int ratio) {
 }
 
 Charset CharsetOf(CodePage page) { return page == CodePage::k1251 ? Charset::kCyrillic : Charset::kCentralEuropean; }
+
+CodePage PageOf(Charset charset) { return charset == Charset::kCyrillic ? CodePage::k1251 : CodePage::k1250; }
 
 QString ToGlyphs(const std::string& bytes, Charset charset) {
   QString text = QString::fromStdString(ToUtf8(bytes, PageOf(charset)));

@@ -53,6 +53,8 @@ class Canvas : public QWidget {
 /// device has the same ratio.
 void DrawPixels(QPainter& painter, const QImage& image, int ratio);
 
+CodePage PageOf(Charset charset);
+
 /// Text of a charset as Unicode, line breaks as LF; and back, "?" for what the code page lacks.
 QString ToGlyphs(const std::string& bytes, Charset charset);
 std::string ToBytes(const QString& text, Charset charset);

@@ -121,6 +121,23 @@ TEST(MessageBoxTest, ButtonsAnswerByKeyAndEscapeTakesTheLast) {
   EXPECT_EQ(answer(BoxButtons::kYesNoCancel, {kKeyTab, kKeySpace}), BoxAnswer::kNo);
 }
 
+TEST(MessageBoxTest, FitsOnTheScreenHoweverLongItsTexts) {
+  ShownForm form;
+  std::string lines;
+  for (int line = 0; line < 500; ++line) lines += "line\n";
+  for (const std::string& text : {std::string(100000, 'W'), std::string(100000, '\n'), lines}) {
+    Picture box;
+    user::WhenFront([&] {
+      box = user::GrabFront();
+      user::TapKey(kKeyEnter);
+    });
+    ShowMessageBox({text, std::string(400, 'W')});
+    EXPECT_GT(box.height(), 200);
+    EXPECT_LT(box.height(), Application::ScreenHeight() - 60) << "a title and a task bar have room, too";
+    EXPECT_LT(box.width(), Application::ScreenWidth());
+  }
+}
+
 TEST(MessageBoxTest, AKeyOfItsOwnClosesItWhenStruckInsideAndLetGo) {
   ShownForm form;
   std::string seen;

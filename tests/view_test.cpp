@@ -376,6 +376,11 @@ TEST(GameFormTest, MessagesAreCentredAndGoByThemselves) {
     EXPECT_EQ(game.form.Picture6.left(), (game.form.Frame1.width() - game.form.Picture6.width()) / 2);
     EXPECT_TRUE(game.form.Picture6.visible());
   }
+  for (const std::size_t letters : {60, 100, 5'000'000}) {  // in smaller letters, in more lines, cut
+    game.form.ShowMessage(std::string(letters, 'W'), 0x0080FF);
+    EXPECT_GE(game.form.Picture6.left(), 0);
+    EXPECT_LE(game.form.Message1.text_height(), game.form.Message1.height());
+  }
   EXPECT_EQ(game.form.Message1.fore_colour(), (Colour{255, 128, 0})) << "blue stands in the high byte";
   EXPECT_EQ(game.form.tmrMsg.interval(), 3000);
   EXPECT_TRUE(game.form.tmrMsg.enabled());

@@ -214,6 +214,12 @@ TEST_F(WinningTest, TellsWhoseRecordItPlays) {
   PlayReplay(RecordFile());
   EXPECT_THAT(boxes, ElementsAre("Not yours:\r\n  Eva"));
   EXPECT_TRUE(game.form.game.Won);
+
+  const std::string endless(std::size_t{2} << 20, 'W');
+  PlayReplay(folder.Make("long.zbr", RecordText(endless, 0, endless, game.form.game.RecordBuffer)));
+  const std::string shortened = std::string(199, 'W') + '\x85';
+  EXPECT_EQ(boxes.back(), "Not yours:\r\n  " + shortened);
+  EXPECT_EQ(game.form.Label5.caption(), shortened);
 }
 
 TEST_F(WinningTest, TellsFileAndLineOfADamagedRecord) {

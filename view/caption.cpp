@@ -2,13 +2,13 @@
 
 #include "base/lang_str.h"
 #include "base/language.h"
+#include "base/text.h"
 
 std::string CaveCaption(std::string_view player, std::string_view cave, CaveMode mode) {
   constexpr std::string_view kNobody = "/";
   std::string caption = HeroName;
   const auto add = [&caption](const std::string& label, std::string_view name) {
-    caption += " - " + label + " ";
-    caption += name;
+    caption += " - " + label + " " + Shortened(name);
   };
   if (player != kNobody) add(LangStr[92], player);
   add(LangStr[93], cave);

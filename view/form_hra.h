@@ -127,6 +127,7 @@ class FormHra : public platform::Form {
   void LoadPictures(int iconSize);
   void PlaceCounters();
   void FitName();
+  void FitMessage();
   void PlaceFooter();
   void PlaceOverlays();
   void PlaceStartPanel();

@@ -39,6 +39,17 @@ const Measures& MeasuresFor(int cave) {
   return platform::Application::ScreenHeight() >= kAmple.Height(cave) + kTitleAndTaskBar ? kAmple : kTight;
 }
 
+/// Sets a text in what room its label has: in one line or more, in the largest font that will do. One that no font
+/// makes fit is cut off.
+void FitText(platform::Label& label, std::initializer_list<int> sizes) {
+  for (const int size : sizes) {
+    label.set_font({size, true, false, false});
+    label.set_word_wrap(label.text_width() > label.width());
+    if (label.text_height() <= label.height()) return;
+  }
+  label.set_word_wrap(false);
+}
+
 }  // namespace
 
 void FormHra::MakeControls() {
@@ -159,16 +170,18 @@ void FormHra::PlaceCounters() {
   FitName();
 }
 
-/// The cave's name in what the counters leave: in one line or more, in the largest font that will do. A name that no
-/// font makes fit is cut off.
+/// The cave's name in what the counters leave.
 void FormHra::FitName() {
   lblName.set_tool_tip(lblName.caption());
-  for (const int size : {18, 16, 14, 12}) {
-    lblName.set_font({size, true, false, false});
-    lblName.set_word_wrap(lblName.text_width() > lblName.width());
-    if (lblName.text_height() <= lblName.height()) return;
-  }
-  lblName.set_word_wrap(false);
+  FitText(lblName, {18, 16, 14, 12});
+}
+
+/// A note is as wide as its text, as far as the window reaches.
+void FormHra::FitMessage() {
+  const int widest = Frame1.width() - 60;
+  Message1.set_width(widest);
+  FitText(Message1, {18, 16, 14, 12, 10});
+  Message1.set_width(std::min(Message1.text_width(), widest));
 }
 
 /// The strip of heroes, the lamp, what is recorded or replayed, and at the right end the buttons.

@@ -6,6 +6,7 @@
 #include "base/folders.h"
 #include "base/lang_str.h"
 #include "base/language.h"
+#include "base/text.h"
 #include "cave/names.h"
 #include "engine/recording.h"
 #include "platform/application.h"
@@ -42,7 +43,7 @@ void FormHra::SaveRecord(int score) {
       WriteFile(RecordPath(), RecordText(SetName, score, PlayerName, game.RecordBuffer));
       return;
     } catch (const Fault& fault) {
-      const std::string text = ReadableFromUtf8(fault.message() + "\n\nTry again?", PageInForce());
+      const std::string text = ShownFault(fault, PageInForce()) + "\n\nTry again?";
       const auto answer =
           platform::ShowMessageBox({text, caption(), platform::BoxButtons::kYesNo, platform::BoxIcon::kExclamation});
       if (answer != platform::BoxAnswer::kYes) return;
@@ -67,11 +68,11 @@ void FormHra::StartReplay() {
   if (!recording.ticks.empty() && recording.ticks.front().empty()) {
     throw Fault("line " + std::to_string(kFirstTickLine) + ": The record holds no tick.");
   }
-  Label5.set_caption(recording.setName);
+  Label5.set_caption(Shortened(recording.setName));
   ClearScreen();
   if (recording.player != PlayerName) {
-    platform::ShowMessageBox({LangStr[107] + "\r\n  " + recording.player, LangStr[106], platform::BoxButtons::kOk,
-                              platform::BoxIcon::kExclamation});
+    platform::ShowMessageBox({LangStr[107] + "\r\n  " + Shortened(recording.player), LangStr[106],
+                              platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
   }
   game.Score = 0;
   SetName = recording.setName;
@@ -111,6 +112,6 @@ void FormHra::TellReplayFault(const std::string& what) {
 }
 
 void FormHra::TellFault(const Fault& fault) {
-  const std::string text = ReadableFromUtf8(fault.message(), PageInForce());
-  platform::ShowMessageBox({text, caption(), platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
+  platform::ShowMessageBox(
+      {ShownFault(fault, PageInForce()), caption(), platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
 }

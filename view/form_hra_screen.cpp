@@ -95,9 +95,9 @@ void FormHra::ScrollFreely() {
 
 void FormHra::ShowMessage(const std::string& text, std::uint32_t colour) {
   Picture6.set_visible(false);
-  Message1.set_caption(text);
+  Message1.set_caption(Shortened(text));
   Message1.set_fore_colour(ScreenColour(colour));
-  Message1.set_width(Message1.text_width());
+  FitMessage();
   Picture6.set_width(Message1.width() + 60);
   shpO7.set_width(Picture6.width() - 30);
   shpO7.set_left(15);

@@ -58,11 +58,13 @@ class Fit {
     }
   }
 
-  /// A message is as wide as its text, and the window has to hold it.
+  /// A message is as wide as its text. The window would shrink one that it cannot hold.
   void LookAtMessages(FormHra& form) {
     for (const std::size_t row : kMessages) {
       form.ShowMessage(LangStr[row], 0xFFFFFF);
-      if (form.Picture6.left() < 0) Tell("hra", LangStr[row], -2 * form.Picture6.left(), false);
+      form.Message1.set_font({18, true, false, false});
+      const int excess = form.Message1.text_width() + 60 - form.Frame1.width();
+      if (excess > 0) Tell("hra", LangStr[row], excess, false);
     }
   }
 
