@@ -86,7 +86,8 @@ class Hra {
   /// The button "Start": the tick timer runs from here.
   void Command1_Click();
 
-  /// One tick. Throws Fault when a replay line does not fit or a cell outside the grids is asked for.
+  /// One tick. Throws Fault when a replay line does not fit, when the rules ask for a hero who does not exist or for
+  /// more room than amoeba has, and in most cases for a cell outside the grids; see below.
   void tmrHra_Timer();
 
   /// The cave as text, one line a row, in the characters of cave text.
@@ -94,7 +95,9 @@ class Hra {
 
   // --- Procedures of the tick --------------------
 
-  // Cells are plain x, y of the cave. A cell outside the grids throws Fault in all of them.
+  // Cells are plain x, y of the cave, and a caller stays within it: what lies two cells beyond it is in the grids
+  // still. A cell farther out throws Fault where it is asked for by x and y. A neighbour that is read along its row
+  // (Grid::Row), as the scans do and the questions whether something can roll or lies beside, is not checked.
 
   /// Advances the pictures that change by themselves, ends the magic wall's time and opens the exit.
   void Animace();
@@ -116,11 +119,14 @@ class Hra {
   int MouchaS(int x, int y, int direction);
   /// Lets what lies on the slime cell through, if chance has it.
   void Slime(int x, int y);
-  /// A random number 1..range, at most 190: drawn and written down, or in a replay read back.
+  /// A random number: fresh, 1..range and at most 190, written down in the recording; or in a replay what the line has
+  /// next, -65..190 whatever the range. Throws Fault when the line is used up, and with ReplayCheck::kStrict for a
+  /// number that the range does not hold.
   int Nahoda(int range);
   /// Reads keys and joystick into KeyMove and KeyAction, selects heroes, and records it all.
   void Klavesy();
-  /// Selects a hero: code -1 or 1 steps to the living one before or behind, above 1 it is ten times a hero's number.
+  /// Selects a hero: code -1 or 1 steps to the living one before or behind, above 1 it is ten times a hero's number. A
+  /// dead one is not selected; a number above 9 throws Fault. Does nothing where there is no other hero to select.
   void ZmenitPsa(int code);
   /// Copies Motion, Tiles and Aux of cell 2 to cell 1.
   void ValRVal(int x1, int y1, int x2, int y2);

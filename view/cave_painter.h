@@ -20,10 +20,14 @@ class CavePainter {
   /// noted down inside.
   void SetWindow(const platform::Rect& window);
 
+  // Cells by column and row; one outside the cave, such as the ring around it, is left out. picture: its number.
+
   void PaintCell(int x, int y, int picture);
+  // Marks on a cell. They are painted at once, also outside the window, and go with the cell's next picture.
+
   /// The upper half (halves = 1) or all (2) of a cell.
   void PaintCellTop(int x, int y, int picture, int halves);
-  /// Over what the cell shows already.
+  /// Over what the cell shows.
   void PaintOverlay(int x, int y, int picture);
   /// On the floor of the cave, shrunk to so many quarters of the cell, 0..4.
   void PaintShrunk(int x, int y, int picture, int quarters);

@@ -10,7 +10,8 @@
 #include "platform/form.h"
 #include "platform/timer.h"
 
-/// The score of a won cave, written out as the sum that it is. It closes itself when its countdown has run down.
+/// The score of a won cave, written out as the sum that it is. It closes itself when a countdown was started and has
+/// run down.
 class FormAnalyze : public platform::Form {
  public:
   /// programFolder: where the pictures lie.
@@ -19,7 +20,7 @@ class FormAnalyze : public platform::Form {
   /// Fills in the sum and its result. bonus: the mark of a bonus cave is shown; its points are not part of the sum
   /// here.
   void ShowSum(const WinSum& sum, bool bonus);
-  /// Starts the countdown from n seconds.
+  /// Starts the countdown from n seconds, 1..255.
   void NastavCas(std::uint8_t n);
   void Command1_Click();
   void Timer1_Timer();

@@ -30,7 +30,8 @@ class FormHra : public platform::Form {
 
   /// Tile size and layout for the screen.
   void FrmLoad();
-  /// Sets up cave number n of the set in SetFile. Throws Fault when the file cannot be read.
+  /// Sets up cave number n of the set in SetFile, "*1" or "*2" for a new one. Throws Fault when the file cannot be read
+  /// or its cave is damaged. A number that the set does not have gives a cave of no cells, as an empty text does.
   void OpenCave(int n);
   /// Sets a cave up from its text; it waits for Command1_Click then. An empty text hides the form and the overview.
   void PaintCave(const std::string& caveText);
@@ -39,14 +40,17 @@ class FormHra : public platform::Form {
   void Command4_Click();  // settings
   void RestartGame_Click();
   void EndGame_Click();
-  /// Plays the record in CurrentFile. A file that cannot be played is told in a box, and the game is left.
+  /// Plays the record in CurrentFile. One that cannot be begun is told in a box, and the game is left; one that breaks
+  /// off is told when it does, and its last picture stands; one that ends before the exit just ends.
   void Replay();
   /// Writes the record of the cave just won, unless it was not to be recorded. score: with the points of a bonus cave.
+  /// While it cannot be written the player is asked whether to try again.
   void SaveRecord(int score);
   void Form_Resize();
   bool Form_QueryUnload();
   void tmrHra_Timer();
   void tmrMsg_Timer();
+  /// Shows a message for three seconds, set smaller or cut when the window has no room for it. colour: 0xBBGGRR.
   void ShowMessage(const std::string& text, std::uint32_t colour);
   /// Position of the surface that centres a cell, as far as the cave reaches. In logical pixels.
   double idleft(int x) const;
