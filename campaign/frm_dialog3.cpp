@@ -31,6 +31,6 @@ void FrmDialog3::OKButton_Click() {
 }
 
 void FrmDialog3::SetLW() {
-  set_caption(LangStr[72]);
-  Text1.set_accessible_name(LangStr[72]);
+  set_caption(LangStr[text::kNewPlayerName]);
+  Text1.set_accessible_name(LangStr[text::kNewPlayerName]);
 }

@@ -1,7 +1,6 @@
 #include "campaign/frm_post.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "base/code_page.h"
 #include "base/fault.h"
@@ -37,8 +36,6 @@ const std::array<std::string, 2>& ContestSets() {
   static const std::array<std::string, 2> sets = {Cp1250("TEMPO - O bodový zisk"), Cp1250("TEMPOerný Zorbík")};
   return sets;
 }
-
-int ValueOf(const platform::Label& label) { return std::atoi(label.caption().c_str()); }
 
 }  // namespace
 
@@ -171,11 +168,12 @@ void FrmPoSt::LoadColl(const std::string& path) {
   forms_.frmLoading->ShowNow();
   try {
     ShowSet(path);
-    ReadProgress();
+    ReadRecords(PlayerRecords(forms_.hra->PlayerName));
   } catch (...) {
     forms_.frmLoading->Hide();  // it would stand before the message
     throw;
   }
+  for (std::size_t row = 1; row <= PocetK; ++row) ShowRow(row);
   lblCave_Click(1);
   if (PocetK == 0) ShowNoCave();
   VScroll1.set_max(PocetK - kRowsShown);
@@ -210,46 +208,30 @@ void FrmPoSt::ShowMail() {
   MailAutora = link ? Mail : "";
   Label3.set_fore_colour(link ? kCyan : kWhite);
   Label3.set_font({16, false, false, link});
-  Label3.set_tool_tip(link ? LangStr[77] + " '" + Shortened(MailAutora) + "'" : "");
+  Label3.set_tool_tip(link ? LangStr[text::kMailToAuthorTip] + " '" + Shortened(MailAutora) + "'" : "");
   Label3.set_pointer(link ? platform::Pointer::kHand : platform::Pointer::kArrow);
   Label3.set_tab_stop(link);
   Label3.set_width(std::min(Label3.text_width() + 4, 540));
 }
 
-// The order matters: a record opens the next cave, and whether a bonus cave lets the next one open is asked of its
-// final state. A record of another player opens the next cave all the same.
-void FrmPoSt::ReadProgress() {
-  const PlayerRecords records(forms_.hra->PlayerName);
-  for (std::size_t j = 1; j <= PocetK; ++j) {
-    const CaveRecordState record = records.Read(Label4.caption(), KomRec[j].Name, KomText[j]);
-    if (record.verdict != Verdict::kNone) {
-      StavK.at(j + 1) = Open;
-      StavK[j] = record.verdict == Verdict::kOwn ? Passed : ForeignRecord;
-    }
-    if (JeBonus(KomRec[j - 1].Name) && StavK[j - 1] != Locked && StavK[j] == Locked) StavK[j] = Open;
-    ShowRow(static_cast<int>(j), record.score);
-  }
-}
-
-void FrmPoSt::ShowRow(int j, int score) {
-  const auto row = static_cast<std::size_t>(j);
+void FrmPoSt::ShowRow(std::size_t row) {
   const std::array<platform::Colour, 4> colours = {BarvaZamcena, BarvaOtevrena, BarvaProsla, BarvaCizi};
   lblCave[row]->set_caption(StavK[row] == Locked ? kUnknown : KomRec[row].Name);
   lblCave[row]->set_fore_colour(colours.at(StavK[row]));
   lblCave[row]->set_visible(true);
-  lblScore[row]->set_caption(Digits(score, 5));
+  lblScore[row]->set_caption(Digits(Score[row], 5));
   lblScore[row]->set_visible(true);
   lblScore[row]->BringToFront();
   lblNum[row]->set_visible(true);
 }
 
 void FrmPoSt::SetLWPost() {
-  Command1.set_caption(LangStr[1]);
-  Command2.set_caption(LangStr[0]);
-  Command3.set_caption(LangStr[73]);
-  Label5.set_caption(LangStr[76]);
-  Label1.set_accessible_name(LangStr[42]);
-  VScroll1.set_accessible_name(LangStr[38]);
+  Command1.set_caption(LangStr[text::kWatchReplay]);
+  Command2.set_caption(LangStr[text::kPlay]);
+  Command3.set_caption(LangStr[text::kCongratulation]);
+  Label5.set_caption(LangStr[text::kTotalScore]);
+  Label1.set_accessible_name(LangStr[text::kSetDescriptionLabel]);
+  VScroll1.set_accessible_name(LangStr[text::kCavesLabel]);
   const auto& contest = ContestSets();
   Command4.set_visible(std::find(contest.begin(), contest.end(), Label4.caption()) != contest.end());
 }
@@ -278,20 +260,18 @@ void FrmPoSt::ShowNoCave() {
 void FrmPoSt::ShowCard(int n) {
   const auto cave = static_cast<std::size_t>(n);
   Command1.set_visible(StavK[cave] > Open);
-  Image1.set_visible(JeBonus(lblCave[cave]->caption()));
+  Image1.set_visible(StavK[cave] != Locked && JeBonus(KomRec[cave].Name));
   lblZzn.set_caption("");
   lblZzn.set_tool_tip("");
   if (StavK[cave] == Locked) {
-    std::size_t last = cave - 1;
-    while (last > 0 && StavK[last] != Open) --last;
     lblName.set_caption(kUnknown);
-    lblDescr.set_caption(LangStr[84] + std::string(kLineBreak) + KomRec[last].Name);
+    lblDescr.set_caption(LangStr[text::kCaveLocked] + std::string(kLineBreak) + KomRec[OpenBefore(cave)].Name);
     Command2.set_visible(false);
     return;
   }
   if (StavK[cave] != Open) {
     const std::string& player = forms_.hra->PlayerName;
-    const std::string name = RecordName(Label4.caption(), KomRec[cave].Name);
+    const std::string name = RecordName(Name, KomRec[cave].Name);
     lblZzn.set_caption(name);
     lblZzn.set_tool_tip(Shortened(ReadableFromUtf8(PlayerFolder(player), PageInForce())) + "/" + Shortened(name));
   }
@@ -352,37 +332,16 @@ bool FrmPoSt::Form_QueryUnload() {
 // --- Progress --------------------
 
 void FrmPoSt::Prosel() {
-  const auto won = static_cast<std::size_t>(AktK);
-  lblCave[won]->set_fore_colour(BarvaProsla);
-  const int add = forms_.frmAnalyze->Image1.visible() ? kBonusPoints : 0;
-  lblScore[won]->set_caption(Digits(add + ValueOf(forms_.frmAnalyze->Label3), 5));
-  StavK[won] = Passed;
-  // Behind the last cave this opens a row that is not shown.
-  std::size_t i = won;
-  do {
-    ++i;
-    if (i == StavK.size()) throw Fault("The set has more bonus caves than there are rows.");
-    if (StavK[i] != Locked) break;
-    StavK[i] = Open;
-    lblCave[i]->set_fore_colour(BarvaOtevrena);
-    lblCave[i]->set_caption(KomRec[i].Name);
-  } while (JeBonus(KomRec[i].Name));
-  lblCave_Click(AktK < PocetK ? AktK + 1 : AktK);
+  const int next = Win(AktK, forms_.hra->WinScore);
+  for (std::size_t row = 1; row <= PocetK; ++row) ShowRow(row);
+  lblCave_Click(next);
   CelkSkore();
 }
 
 void FrmPoSt::CelkSkore() {
-  int sum = 0;
-  int done = 0;
-  for (std::size_t j = 1; j <= PocetK; ++j) {
-    sum += ValueOf(*lblScore[j]);
-    if (StavK[j] == Passed || (StavK[j] == Open && JeBonus(KomRec[j].Name))) ++done;
-  }
-  const int left = PocetK - done;
-  const std::string word = left > 4 ? LangStr[81] : left >= 2 ? LangStr[80] : left == 1 ? LangStr[79] : "";
-  Label6.set_caption(LangStr[78] + " " + std::to_string(left) + " " + word + ".");
-  Command3.set_visible(done == PocetK);
-  Label2.set_caption(Digits(sum, 5));
+  Label6.set_caption(LeftText());
+  Command3.set_visible(Left() == 0);
+  Label2.set_caption(Digits(Total(), 5));
 }
 
 // --- Buttons and links --------------------
@@ -405,7 +364,7 @@ void FrmPoSt::Command1_Click() {
   FormHra& hra = *forms_.hra;
   hra.FrmLoad();
   forms_.frmLoading->ShowNow();
-  const std::string name = RecordName(Label4.caption(), KomRec[static_cast<std::size_t>(AktK)].Name);
+  const std::string name = RecordName(Name, KomRec[static_cast<std::size_t>(AktK)].Name);
   hra.CurrentFile = PlayerFolder(hra.PlayerName) + "/" + ToUtf8(ToLower(name, CodePage::k1250), CodePage::k1250);
   Hide();
   hra.Show();
@@ -426,5 +385,7 @@ void FrmPoSt::Command4_Click() { OtevriOdkaz(folder_ + "/Help/Tempo/index.htm");
 void FrmPoSt::Label3_Click() {
   if (!Label3.font().underline) return;
   OtevriOdkaz(MailTo(ToUtf8(MailAutora, PageInForce())) +
-              ToUtf8("?subject=" + LangStr[82] + " '" + Label4.caption() + "' " + LangStr[83], PageInForce()));
+              ToUtf8("?subject=" + LangStr[text::kMailSubjectBefore] + " '" + Label4.caption() + "' " +
+                         LangStr[text::kMailSubjectBehind],
+                     PageInForce()));
 }

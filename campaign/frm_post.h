@@ -5,16 +5,15 @@
 #include <memory>
 #include <string>
 
-#include "campaign/forms.h"
-#include "campaign/players.h"
-#include "cave/set_file.h"
+#include "campaign/progress.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/text_box.h"
+#include "shell/forms.h"
 
 /// The overview of one set for one player: its caves with their scores, what is open, what is still to be won. The set
 /// that is shown is part of the form and stays loaded until the next one.
-class FrmPoSt : public platform::Form, public PlayedSet {
+class FrmPoSt : public platform::Form, public Progress {
  public:
   /// programFolder: where the pictures and the help lie.
   FrmPoSt(const std::string& programFolder, const Forms& forms);
@@ -85,8 +84,7 @@ class FrmPoSt : public platform::Form, public PlayedSet {
   void Place();
   void ShowSet(const std::string& path);
   void ShowMail();
-  void ReadProgress();
-  void ShowRow(int j, int score);
+  void ShowRow(std::size_t row);
   void ShowNoCave();
   void ShowCard(int n);
   void PlaceDescription();

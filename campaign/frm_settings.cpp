@@ -121,11 +121,11 @@ void FrmSettings::Command1_Click() {
 }
 
 void FrmSettings::SetLW() {
-  set_caption(LangStr[59]);
-  Label1.set_caption(LangStr[60]);
-  Label2.set_caption(LangStr[61]);
-  Check1.set_caption(LangStr[62]);
-  Check2.set_caption(LangStr[63]);
-  Check3.set_caption(LangStr[64]);
+  set_caption(LangStr[text::kSettingsTitle]);
+  Label1.set_caption(LangStr[text::kSpeed]);
+  Label2.set_caption(LangStr[text::kReplaySpeed]);
+  Check1.set_caption(LangStr[text::kAnimateAmoeba]);
+  Check2.set_caption(LangStr[text::kPauseWhenIdle]);
+  Check3.set_caption(LangStr[text::kSound]);
   Place();
 }

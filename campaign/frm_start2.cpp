@@ -43,7 +43,7 @@ bool Hits(int button, int x, int y) {
 std::string FileNameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 bool Ask(const std::string& question, platform::BoxButtons buttons) {
-  return platform::ShowMessageBox({question, LangStr[194], buttons, platform::BoxIcon::kQuestion}) ==
+  return platform::ShowMessageBox({question, LangStr[text::kCopySetTitle], buttons, platform::BoxIcon::kQuestion}) ==
          platform::BoxAnswer::kYes;
 }
 
@@ -159,10 +159,12 @@ bool FrmStart2::AskForPlayer() {
   const bool made = !dialog.Text1.holds_unknown() && MakePlayer(name);
   if (made) {
     const std::string folder = ReadableFromUtf8(PlayerFolder(name), PageInForce());
-    platform::ShowMessageBox({Replaced(Replaced(LangStr[115], "?1?", Shortened(name)), "?2?", folder), LangStr[114],
-                              platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
+    platform::ShowMessageBox({Replaced(Replaced(LangStr[text::kWelcome], "?1?", Shortened(name)), "?2?", folder),
+                              LangStr[text::kWelcomeTitle], platform::BoxButtons::kOk,
+                              platform::BoxIcon::kInformation});
   } else {
-    platform::ShowMessageBox({LangStr[48], LangStr[116], platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
+    platform::ShowMessageBox({LangStr[text::kPlayerNotMade], LangStr[text::kPlayerNotMadeTitle],
+                              platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
   }
   dialog.Text1.set_text("");
   return made;
@@ -210,22 +212,23 @@ void FrmStart2::Timer1_Timer() {
 void FrmStart2::Command3_Click() {
   if (List1.list_index() < 0) throw Fault("No cave set is selected.");
   const std::string path = File1.at(static_cast<std::size_t>(List1.list_index()));
-  forms_.frmPoSt->set_caption(Replaced(LangStr[108], "?1?", Shortened(forms_.hra->PlayerName)));
+  forms_.frmPoSt->set_caption(Replaced(LangStr[text::kOverviewTitle], "?1?", Shortened(forms_.hra->PlayerName)));
   forms_.frmPoSt->LoadColl(path);
 }
 
 void FrmStart2::Command2_Click() {
-  std::string path = AskForFile(LangStr[111], LangStr[56] + "(*.zb)", "*.zb", CestaKomnaty, OwnSets);
+  std::string path = AskForFile(LangStr[text::kOpenSetElsewhereTitle], LangStr[text::kSetFiles] + "(*.zb)", "*.zb",
+                                CestaKomnaty, OwnSets);
   AnotherColl(path);
 }
 
 void FrmStart2::AnotherColl(std::string& path) {
   if (path.empty()) return;
-  if (Ask(LangStr[112], platform::BoxButtons::kYesNo)) {
+  if (Ask(LangStr[text::kCopySetQuestion], platform::BoxButtons::kYesNo)) {
     const std::string copy = CopyOf(path);
     MakeFolder(OwnSets);
     WriteFile(copy, ReadFile(path));
-    if (Ask(LangStr[113], platform::BoxButtons::kYesDefaultNo)) {
+    if (Ask(LangStr[text::kDeleteCopiedQuestion], platform::BoxButtons::kYesDefaultNo)) {
       std::error_code error;
       std::filesystem::remove(path, error);
       if (error) throw Fault("The file cannot be deleted: " + error.message() + ".", path);
@@ -234,7 +237,7 @@ void FrmStart2::AnotherColl(std::string& path) {
     FindColls();
   }
   // The mark for the player stays in the text, and the name follows it. That is meant.
-  forms_.frmPoSt->set_caption(LangStr[108] + " " + Shortened(forms_.hra->PlayerName));
+  forms_.frmPoSt->set_caption(LangStr[text::kOverviewTitle] + " " + Shortened(forms_.hra->PlayerName));
   forms_.frmPoSt->LoadColl(path);
 }
 
@@ -242,7 +245,8 @@ void FrmStart2::AnotherColl(std::string& path) {
 
 void FrmStart2::Image4_MouseDown(int button, int x, int y) {
   if (!Hits(button, x, y)) return;
-  AnotherRepl(AskForFile(LangStr[109], LangStr[110] + " (*.zbr)", "*.zbr", CestaZaznamy));
+  AnotherRepl(
+      AskForFile(LangStr[text::kOpenReplayTitle], LangStr[text::kRecordFiles] + " (*.zbr)", "*.zbr", CestaZaznamy));
 }
 
 void FrmStart2::AnotherRepl(const std::string& path) {

@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "campaign/forms.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/list_controls.h"
 #include "platform/timer.h"
+#include "shell/forms.h"
 
 /// What of the start screen's shape is there: while the panel is open the badge of the contests is not.
 enum class StartShape { kPanelOpen = 1, kResting = 2 };

@@ -228,19 +228,19 @@ void FrmStart2::FrmLoad() {
 }
 
 void FrmStart2::SetLW() {
-  Label1.set_caption(LangStr[0]);
-  Label2.set_caption(" " + LangStr[1]);
-  Label3.set_caption(" " + LangStr[2]);
-  Label4.set_caption(LangStr[3]);
-  Label5.set_caption(LangStr[4]);
-  Label6.set_caption(LangStr[5]);
-  Label7.set_caption(LangStr[6]);
-  Command3.set_caption(LangStr[7]);
-  Command2.set_caption(LangStr[8]);
-  Command1.set_caption(LangStr[9]);
-  Label8_2.set_caption(LangStr[193] + " 1.1L");
-  List1.set_accessible_name(LangStr[5]);
-  List2.set_accessible_name(LangStr[4]);
+  Label1.set_caption(LangStr[text::kPlay]);
+  Label2.set_caption(" " + LangStr[text::kWatchReplay]);
+  Label3.set_caption(" " + LangStr[text::kCaveEditor]);
+  Label4.set_caption(LangStr[text::kHelp]);
+  Label5.set_caption(LangStr[text::kPlayersLabel]);
+  Label6.set_caption(LangStr[text::kSetsLabel]);
+  Label7.set_caption(LangStr[text::kQuit]);
+  Command3.set_caption(LangStr[text::kPlaySelectedSet]);
+  Command2.set_caption(LangStr[text::kBrowse]);
+  Command1.set_caption(LangStr[text::kNewPlayer]);
+  Label8_2.set_caption(LangStr[text::kVersion] + " 1.1L");
+  List1.set_accessible_name(LangStr[text::kSetsLabel]);
+  List2.set_accessible_name(LangStr[text::kPlayersLabel]);
   set_caption(HeroName);
   const std::array<const platform::Image*, 3> logos = {&Image11, &Image12, &Image13};
   if (LogoNumber >= 1) Image7.set_picture(logos.at(static_cast<std::size_t>(LogoNumber) - 1)->picture());

@@ -77,7 +77,8 @@ void WriteTimeAndNeed(Writer& writer, const CaveRecord& record) {
 
 std::string MakeTemplate(const std::string& name, std::string_view header, int width, int height) {
   std::string text = "E";
-  for (const std::string& part : {name, LangStr[53]}) text += WithLength(part.substr(0, kLargestSmallNumber), "");
+  for (const std::string& part : {name, LangStr[text::kNewDescription]})
+    text += WithLength(part.substr(0, kLargestSmallNumber), "");
   text += header;
   const std::size_t inner = static_cast<std::size_t>(width) - 2;
   const std::string steel(static_cast<std::size_t>(width), 'W');
@@ -159,8 +160,8 @@ std::string BuildCaveText(const CaveRecord& record) {
 }
 
 std::string CaveTemplate(NewCave size) {
-  if (size == NewCave::kSmall) return MakeTemplate(LangStr[26], "TLPAAFUUsC", 19, 11);
-  return MakeTemplate(LangStr[27], "_UPAAAAUsC", 30, 20);
+  if (size == NewCave::kSmall) return MakeTemplate(LangStr[text::kSmallCave], "TLPAAFUUsC", 19, 11);
+  return MakeTemplate(LangStr[text::kBigCave], "_UPAAAAUsC", 30, 20);
 }
 
 std::string CaveTail(int number) { return "---" + Digits(number, 2); }

@@ -146,7 +146,8 @@ OpenResult OpenColl(const SetLines& file, EditedSet& set) {
   std::fill(set.Poc.begin() + 1, set.Poc.end(), false);
   const char mark = ReadHead(lines, set, [&set](std::size_t cave) { set.Poc[cave] = true; });
   if (CodeOf(mark) >= CodeOf(kLaterMark)) {
-    for (std::string* text : {&set.Name, &set.Author, &set.Mail, &set.Description}) *text = LangStr[45];
+    for (std::string* text : {&set.Name, &set.Author, &set.Mail, &set.Description})
+      *text = LangStr[text::kLaterFormatText];
     return OpenResult::kLaterFormat;
   }
   set.PocetK = 0;

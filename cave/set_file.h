@@ -77,7 +77,8 @@ void SaveColl(const std::string& path, EditedSet& set);
 
 enum class OpenResult {
   kOpened,
-  kLaterFormat,  // the format mark is none of ours: only the start points are read, all four texts are LangStr[45]
+  kLaterFormat,  // the format mark is none of ours: only the start points are read, all four texts are
+                 // LangStr[text::kLaterFormatText]
 };
 
 /// Reads a set for the editor: each cave goes to the entry of its number, and entries of missing numbers keep what they

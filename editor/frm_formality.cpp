@@ -22,15 +22,15 @@ class Corrector {
  public:
   const std::string& message() const { return message_; }
 
-  void AtLeast(platform::TextBox& field, int least, int name) {
+  void AtLeast(platform::TextBox& field, int least, text::Row name) {
     if (ValueOf(field) < least) SetTo(field, least, name);
   }
-  void AtMost(platform::TextBox& field, int most, int name) {
+  void AtMost(platform::TextBox& field, int most, text::Row name) {
     if (ValueOf(field) > most) SetTo(field, most, name);
   }
   /// Spells the words of the game right. What a cave text has no room for is cut off: it would be lost with all the
   /// rest of the cave.
-  void Words(platform::TextBox& field, int name) {
+  void Words(platform::TextBox& field, text::Row name) {
     const CodePage page = field.charset() == platform::Charset::kCyrillic ? CodePage::k1251 : CodePage::k1250;
     const std::string before = field.text();
     std::string text = SuperReplace(before, page);
@@ -46,13 +46,13 @@ class Corrector {
   }
 
  private:
-  void SetTo(platform::TextBox& field, int limit, int name) {
+  void SetTo(platform::TextBox& field, int limit, text::Row name) {
     field.set_text(std::to_string(limit));
     Tell(name, limit);
   }
-  void Tell(int name) { message_ += LangStr[static_cast<std::size_t>(name)] + std::string(kLineBreak); }
-  void Tell(int name, int limit) {
-    message_ += LangStr[static_cast<std::size_t>(name)] + " = " + std::to_string(limit) + std::string(kLineBreak);
+  void Tell(text::Row name) { message_ += LangStr[name] + std::string(kLineBreak); }
+  void Tell(text::Row name, int limit) {
+    message_ += LangStr[name] + " = " + std::to_string(limit) + std::string(kLineBreak);
   }
 
   std::string message_;
@@ -62,24 +62,25 @@ class Corrector {
 
 void FrmFormality::Command1_Click() {
   Corrector corrector;
-  corrector.AtLeast(Text1, 19, 117);
-  corrector.AtMost(Text1, 50, 117);
-  corrector.AtLeast(Text2, 11, 118);
-  corrector.AtMost(Text2, 30, 118);
-  corrector.AtLeast(Text5, 5, 122);
+  corrector.AtLeast(Text1, 19, text::kCaveWidth);
+  corrector.AtMost(Text1, 50, text::kCaveWidth);
+  corrector.AtLeast(Text2, 11, text::kCaveHeight);
+  corrector.AtMost(Text2, 30, text::kCaveHeight);
+  corrector.AtLeast(Text5, 5, text::kTotalTime);
   // A number below 0 in one of these fields takes away the time, without a word. That is meant.
   for (const platform::TextBox* field : {&Text6, &Text9, &Text10}) {
     if (ValueOf(*field) < 0) Text5.set_text("0");
   }
-  corrector.AtLeast(Text7, 1, 124);
-  corrector.AtMost(Text7, 150, 124);
-  corrector.AtLeast(Text8, 1, 125);
-  corrector.AtMost(Text8, 150, 125);
-  corrector.AtMost(Text11, kMostPermeable, 126);
-  corrector.Words(Text3, 120);
-  corrector.Words(Text4, 121);
+  corrector.AtLeast(Text7, 1, text::kMagicTime);
+  corrector.AtMost(Text7, 150, text::kMagicTime);
+  corrector.AtLeast(Text8, 1, text::kAmoebaTime);
+  corrector.AtMost(Text8, 150, text::kAmoebaTime);
+  corrector.AtMost(Text11, kMostPermeable, text::kSlimePermeability);
+  corrector.Words(Text3, text::kCaveName);
+  corrector.Words(Text4, text::kCaveDescription);
   if (!corrector.message().empty()) {
-    const std::string text = LangStr[180] + std::string(kLineBreak) + std::string(kLineBreak) + corrector.message();
+    const std::string text =
+        LangStr[text::kCorrected] + std::string(kLineBreak) + std::string(kLineBreak) + corrector.message();
     const std::string title = ReadableFromUtf8("Upozornění", PageInForce());  // the same in every language
     platform::ShowMessageBox({text, title, platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
   }
@@ -91,37 +92,40 @@ void FrmFormality::Command2_Click() { Hide(); }
 
 bool FrmFormality::Form_QueryUnload() { return true; }
 
-void FrmFormality::Inform(int titleRow, const std::string& text) const {
-  platform::ShowMessageBox(
-      {text, LangStr[static_cast<std::size_t>(titleRow)], platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
+void FrmFormality::Inform(text::Row titleRow, const std::string& text) const {
+  platform::ShowMessageBox({text, LangStr[titleRow], platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
 }
 
 void FrmFormality::Command3_Click() {
-  std::string text = LangStr[134];
-  if (JeBonus(Text3.text())) text += std::string(kLineBreak) + Replaced(LangStr[135], "?1?", Text3.text());
-  Inform(133, text);
+  std::string text = LangStr[text::kBonusText];
+  if (JeBonus(Text3.text()))
+    text += std::string(kLineBreak) + Replaced(LangStr[text::kIsBonusCave], "?1?", Text3.text());
+  Inform(text::kBonusTitle, text);
 }
 
-void FrmFormality::Command4_Click() { Inform(136, LangStr[137] + NumberText(forms_.frmMain->SpoctiDrh())); }
+void FrmFormality::Command4_Click() {
+  Inform(text::kCountGemsTitle, LangStr[text::kCountGemsText] + NumberText(forms_.frmMain->SpoctiDrh()));
+}
 
-void FrmFormality::Command5_Click() { Inform(138, LangStr[139]); }
+void FrmFormality::Command5_Click() { Inform(text::kTimeTitle, LangStr[text::kTimeText]); }
 
-void FrmFormality::Command6_Click() { Inform(140, LangStr[141]); }
+void FrmFormality::Command6_Click() { Inform(text::kMagicTitle, LangStr[text::kMagicText]); }
 
 void FrmFormality::Command7_Click() {
   const int permeability = ValueOf(Text11);
   std::string text = ":-)";  // for the 9 that nobody has corrected yet
-  if (permeability == 0) text = LangStr[144];
-  if (permeability == kMostPermeable) text = LangStr[145];
+  if (permeability == 0) text = LangStr[text::kSlimeNever];
+  if (permeability == kMostPermeable) text = LangStr[text::kSlimeAlways];
   if (permeability > 0 && permeability < kMostPermeable) {
-    text = LangStr[143] + " 1:" + std::to_string(SlimeChances(permeability) - 1) + ".";
+    text = LangStr[text::kSlimeOdds] + " 1:" + std::to_string(SlimeChances(permeability) - 1) + ".";
   }
-  platform::ShowMessageBox({text, LangStr[142] + NumberText(permeability) + "?", platform::BoxButtons::kOk,
-                            platform::BoxIcon::kInformation});
+  platform::ShowMessageBox({text, LangStr[text::kSlimeTitle] + NumberText(permeability) + "?",
+                            platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
 }
 
 void FrmFormality::Command8_Click() {
   const Petrification sum =
       EstimatePetrification(ValueOf(Text1), ValueOf(Text2), forms_.frmMain->NuOfOb('A'), ValueOf(Text8));
-  Inform(146, Replaced(Replaced(LangStr[147], " ?1?", NumberText(sum.cells)), " ?2?", NumberText(sum.seconds)));
+  Inform(text::kPetrifyTitle, Replaced(Replaced(LangStr[text::kPetrifyText], " ?1?", NumberText(sum.cells)), " ?2?",
+                                       NumberText(sum.seconds)));
 }

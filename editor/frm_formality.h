@@ -3,10 +3,11 @@
 #include <array>
 #include <string>
 
-#include "campaign/forms.h"
+#include "base/lang_str.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/text_box.h"
+#include "shell/forms.h"
 
 /// The properties of the cave under edit. The cave editor fills the controls each time before it shows the form, and
 /// takes their values over on "OK"; the form itself keeps nothing. Values out of limits are not refused but set to the
@@ -78,9 +79,9 @@ class FrmFormality : public platform::Form {
   struct Row {
     platform::TextBox* field;
     platform::Label* label;
-    int text;  // row of the language files
+    text::Row text;  // row of the language files
     platform::Button* help = nullptr;
-    int helpText = 0;
+    text::Row helpText{};
   };
 
   void SetLimits();
@@ -88,17 +89,18 @@ class FrmFormality : public platform::Form {
   void Place();
   int ContentWidth() const;
   void PlaceRow(const Row& row, int top, int contentWidth);
-  void Inform(int titleRow, const std::string& text) const;
+  void Inform(text::Row titleRow, const std::string& text) const;
 
   std::string folder_;
   const Forms& forms_;
-  const std::array<Row, 2> texts_ = {{{&Text3, &Label4, 120, &Command3, 127}, {&Text4, &Label6, 121}}};
-  const std::array<Row, 7> rules_ = {{{&Text6, &Label8, 123, &Command4, 128},
-                                      {&Text5, &Label7, 122, &Command5, 129},
-                                      {&Text9, &Label11, 70},
-                                      {&Text10, &Label12, 71},
-                                      {&Text7, &Label9, 124, &Command6, 130},
-                                      {&Text8, &Label10, 125, &Command8, 131},
-                                      {&Text11, &Label13, 126, &Command7, 132}}};
-  const std::array<Row, 2> size_ = {{{&Text1, &Label1, 117}, {&Text2, &Label2, 118}}};
+  const std::array<Row, 2> texts_ = {
+      {{&Text3, &Label4, text::kCaveName, &Command3, text::kBonusHelp}, {&Text4, &Label6, text::kCaveDescription}}};
+  const std::array<Row, 7> rules_ = {{{&Text6, &Label8, text::kGemsNeeded, &Command4, text::kCountGemsHelp},
+                                      {&Text5, &Label7, text::kTotalTime, &Command5, text::kTimeHelp},
+                                      {&Text9, &Label11, text::kPointsBeforeExit},
+                                      {&Text10, &Label12, text::kPointsAfterExit},
+                                      {&Text7, &Label9, text::kMagicTime, &Command6, text::kMagicHelp},
+                                      {&Text8, &Label10, text::kAmoebaTime, &Command8, text::kPetrifyHelp},
+                                      {&Text11, &Label13, text::kSlimePermeability, &Command7, text::kSlimeHelp}}};
+  const std::array<Row, 2> size_ = {{{&Text1, &Label1, text::kCaveWidth}, {&Text2, &Label2, text::kCaveHeight}}};
 };

@@ -157,18 +157,17 @@ void FrmFormality::Place() {
 // --- Texts --------------------
 
 void FrmFormality::SetLW() {
-  const auto text = [](int row) -> const std::string& { return LangStr[static_cast<std::size_t>(row)]; };
-  const auto take = [&text](const Row& row) {
-    row.label->set_caption("- " + text(row.text));
-    row.field->set_accessible_name(text(row.text));
-    if (row.help) row.help->set_caption(text(row.helpText));
+  const auto take = [](const Row& row) {
+    row.label->set_caption("- " + LangStr[row.text]);
+    row.field->set_accessible_name(LangStr[row.text]);
+    if (row.help) row.help->set_caption(LangStr[row.helpText]);
   };
   for (const Row& row : texts_) take(row);
   for (const Row& row : rules_) take(row);
   for (const Row& row : size_) take(row);
-  Label3.set_caption("- " + text(119));
-  HScroll1.set_accessible_name(text(119));
-  Command2.set_caption(text(74));
-  set_caption(text(184));
+  Label3.set_caption("- " + LangStr[text::kCaveColour]);
+  HScroll1.set_accessible_name(LangStr[text::kCaveColour]);
+  Command2.set_caption(LangStr[text::kCancel]);
+  set_caption(LangStr[text::kPropertiesTitle]);
   Place();
 }

@@ -143,8 +143,8 @@ void FrmMain::CaptionOperations() {
   const std::string& p = imgS[static_cast<std::size_t>(right)]->tool_tip();
   mnuObjbyObj.set_visible(left != kPaletteHero);
   mnuOkraj.set_visible(left != kPaletteHero);
-  mnuOkraj.set_caption(LangStr[178] + " '" + l + "'");
-  mnuObjbyObj.set_caption(Replaced(Replaced(LangStr[179], "?1?", p), "?2?", l));
+  mnuOkraj.set_caption(LangStr[text::kMakeBorder] + " '" + l + "'");
+  mnuObjbyObj.set_caption(Replaced(Replaced(LangStr[text::kReplaceTile], "?1?", p), "?2?", l));
   Sep1.set_visible(false);
 }
 
@@ -279,7 +279,7 @@ void FrmMain::Label8_Click() {
   platform::Application::ProcessEvents();
   if (!visible()) return;  // an event that waited has closed the editor, or started the test play
   FormHra& hra = *forms_.hra;
-  hra.PlayerName = LangStr[177];
+  hra.PlayerName = LangStr[text::kCaveAuthor];
   hra.SetName = forms_.frmSada->Text3.text();
   Hide();
   hra.Show();
@@ -351,22 +351,22 @@ void FrmMain::ShowCell(int x, int y) {
 }
 
 void FrmMain::SetLWEd() {
-  set_caption(LangStr[185]);
-  Label7.set_caption(LangStr[181]);
-  Label3.set_caption(LangStr[182]);
-  Label8.set_caption(LangStr[183]);
+  set_caption(LangStr[text::kCaveEditorTitle]);
+  Label7.set_caption(LangStr[text::kEditMenu]);
+  Label3.set_caption(LangStr[text::kPropertiesMenu]);
+  Label8.set_caption(LangStr[text::kTestPlayMenu]);
   bar_.Place();
   for (std::size_t i = 0; i < imgS.size(); ++i) {
-    imgS[i]->set_tool_tip(LangStr[148 + i]);
-    imgS[i]->set_accessible_name(LangStr[148 + i]);
+    imgS[i]->set_tool_tip(LangStr[text::kTileEmpty + i]);
+    imgS[i]->set_accessible_name(LangStr[text::kTileEmpty + i]);
   }
-  mnuRestore.set_caption(LangStr[186]);
-  for (std::size_t i = 0; i < mnuReplEvery.size(); ++i) mnuReplEvery[i].set_caption(LangStr[187 + i]);
-  for (std::size_t i = 0; i < mnuReplRan.size(); ++i) mnuReplRan[i].set_caption(LangStr[189 + i]);
-  EditKom.set_accessible_name(LangStr[185]);
-  Label1.set_tool_tip(LangStr[148 + kPaletteAmoeba]);
-  HScroll1.set_accessible_name(LangStr[117]);
-  VScroll1.set_accessible_name(LangStr[118]);
+  mnuRestore.set_caption(LangStr[text::kRestore]);
+  for (std::size_t i = 0; i < mnuReplEvery.size(); ++i) mnuReplEvery[i].set_caption(LangStr[text::kReplaceEach + i]);
+  for (std::size_t i = 0; i < mnuReplRan.size(); ++i) mnuReplRan[i].set_caption(LangStr[text::kReplaceHalf + i]);
+  EditKom.set_accessible_name(LangStr[text::kCaveEditorTitle]);
+  Label1.set_tool_tip(LangStr[text::kTileEmpty + kPaletteAmoeba]);
+  HScroll1.set_accessible_name(LangStr[text::kCaveWidth]);
+  VScroll1.set_accessible_name(LangStr[text::kCaveHeight]);
   NameCounts();
   ShowHero(edit.AktualniPes);  // the hero's name is that of the language, its number the one chosen
   Command2.set_accessible_name(HeroName);
@@ -378,5 +378,5 @@ void FrmMain::NameCounts() {
   if (!pictures_) return;
   constexpr int kExit = 9;
   status.SetTiles({(*pictures_)[kPaletteGem], (*pictures_)[kPaletteHero], (*pictures_)[kExit]},
-                  {LangStr[148 + kPaletteGem], HeroName, LangStr[148 + kExit]});
+                  {LangStr[text::kTileEmpty + kPaletteGem], HeroName, LangStr[text::kTileEmpty + kExit]});
 }

@@ -5,7 +5,6 @@
 #include <memory>
 #include <string>
 
-#include "campaign/forms.h"
 #include "editor/cave_edit.h"
 #include "editor/menu_bar.h"
 #include "editor/palette_pictures.h"
@@ -13,6 +12,7 @@
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/menu.h"
+#include "shell/forms.h"
 
 /// The cave editor: it shows the cave under edit, and draws with three mouse buttons or the keyboard. One instance
 /// lives to the end of the program; other forms call its procedures.

@@ -83,8 +83,9 @@ void FrmSada::mnuDown_Click() {
 
 void FrmSada::mnuDelete_Click() {
   if (PocetK == 1) return;
-  const std::string question = LangStr[50] + " '" + lblCave[AktK]->caption() + "' " + LangStr[51];
-  const platform::MessageBox box{question, LangStr[49], platform::BoxButtons::kYesDefaultNo,
+  const std::string question =
+      LangStr[text::kDeleteCaveBefore] + " '" + lblCave[AktK]->caption() + "' " + LangStr[text::kDeleteCaveBehind];
+  const platform::MessageBox box{question, LangStr[text::kDeleteCaveTitle], platform::BoxButtons::kYesDefaultNo,
                                  platform::BoxIcon::kQuestion};
   if (platform::ShowMessageBox(box) != platform::BoxAnswer::kYes) return;
   for (std::size_t i = AktK; i <= PocetK; ++i) {

@@ -2,11 +2,11 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
 #include "base/fault.h"
-#include "campaign/forms.h"
 #include "cave/set_file.h"
 #include "editor/cave_preview.h"
 #include "editor/menu_bar.h"
@@ -14,6 +14,7 @@
 #include "platform/form.h"
 #include "platform/menu.h"
 #include "platform/text_box.h"
+#include "shell/forms.h"
 
 /// The set editor: title data of one set, the order of its caves, which of them are start points, the congratulation.
 /// The set under edit is part of the form; its texts follow what is typed.
@@ -21,6 +22,9 @@ class FrmSada : public platform::Form, public EditedSet {
  public:
   /// programFolder: where the pictures lie.
   FrmSada(const std::string& programFolder, const Forms& forms);
+
+  /// Goes back to the start screen; the question about unsaved changes has been answered.
+  std::function<void()> leave;
 
   /// Makes the rows.
   void FrmLoad();

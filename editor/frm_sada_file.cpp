@@ -6,7 +6,6 @@
 #include "base/lang_str.h"
 #include "base/language.h"
 #include "base/text.h"
-#include "campaign/frm_start2.h"
 #include "cave/cave_text.h"
 #include "cave/names.h"
 #include "editor/frm_sada.h"
@@ -33,7 +32,7 @@ class Working {
   platform::Form& form_;
 };
 
-std::string SetFilter() { return platform::FileFilter(LangStr[56] + " (*.zb)", "*.zb"); }
+std::string SetFilter() { return platform::FileFilter(LangStr[text::kSetFiles] + " (*.zb)", "*.zb"); }
 
 /// The name of the set as that of a file, UTF-8.
 std::string ProposedName(const platform::TextBox& name) {
@@ -66,9 +65,9 @@ void FrmSada::mnuNew_Click() {
   Soubor.clear();
   Text1.set_text("");
   Text2.set_text("@");
-  Text3.set_text(LangStr[52]);
-  Text4.set_text(LangStr[53]);
-  Gratulace = LangStr[54];
+  Text3.set_text(LangStr[text::kNewSetName]);
+  Text4.set_text(LangStr[text::kNewDescription]);
+  Gratulace = LangStr[text::kNewCongratulation];
   PocetK = 1;
   KomText[1] = CaveTemplate(NewCave::kSmall);
   GetNames(0);
@@ -79,7 +78,7 @@ void FrmSada::mnuNew_Click() {
 
 void FrmSada::mnuOpen_Click() {
   if (!MayGoOn()) return;
-  const std::string path = platform::ShowOpenDialog({LangStr[55], SetFilter(), CestaKomnaty,
+  const std::string path = platform::ShowOpenDialog({LangStr[text::kOpenSetTitle], SetFilter(), CestaKomnaty,
                                                      platform::kFileMustExist | platform::kHideReadOnly,
                                                      /*default_extension=*/{}, OwnSets});
   if (path.empty()) return;
@@ -104,7 +103,8 @@ void FrmSada::OpenColl(const std::string& path) {
   static_cast<EditedSet&>(*this) = read;
   ShowTexts();
   if (result == OpenResult::kLaterFormat) {
-    platform::ShowMessageBox({LangStr[43], LangStr[44], platform::BoxButtons::kOk});
+    platform::ShowMessageBox(
+        {LangStr[text::kLaterFormat], LangStr[text::kLaterFormatTitle], platform::BoxButtons::kOk});
     mnuNew_Click();
     Show();
     return;
@@ -122,7 +122,7 @@ void FrmSada::mnuSaveAs_Click() {
   std::error_code ignored;  // without the folder the dialog starts elsewhere
   std::filesystem::create_directories(OwnSets, ignored);
   const std::string path =
-      platform::ShowSaveDialog({LangStr[57], SetFilter(), OwnSets,
+      platform::ShowSaveDialog({LangStr[text::kSaveSetTitle], SetFilter(), OwnSets,
                                 platform::kExplorerStyle | platform::kOverwritePrompt | platform::kHideReadOnly, "*.zb",
                                 OwnSets, ProposedName(Text3)});
   if (!path.empty() && TryToSave(path)) Soubor = path;
@@ -150,8 +150,9 @@ void FrmSada::SaveColl(const std::string& path) {
 /// Asks what to do with unsaved changes. False: the set stays, for the user wants it or it could not be saved.
 bool FrmSada::MayGoOn() {
   if (Chg.value() == 0) return true;
-  const platform::MessageBox box{Replaced(LangStr[47], "?1?", Text3.text()), LangStr[46],
-                                 platform::BoxButtons::kYesNoCancel, platform::BoxIcon::kQuestion};
+  const platform::MessageBox box{Replaced(LangStr[text::kUnsavedQuestion], "?1?", Text3.text()),
+                                 LangStr[text::kUnsavedTitle], platform::BoxButtons::kYesNoCancel,
+                                 platform::BoxIcon::kQuestion};
   const platform::BoxAnswer answer = platform::ShowMessageBox(box);
   if (answer == platform::BoxAnswer::kYes) mnuSave_Click();
   return answer == platform::BoxAnswer::kNo || (answer == platform::BoxAnswer::kYes && Chg.value() == 0);
@@ -159,9 +160,7 @@ bool FrmSada::MayGoOn() {
 
 void FrmSada::mnuClose_Click() {
   if (!MayGoOn()) return;
-  forms_.frmStart2->FrmLoad();
-  Hide();
-  forms_.frmStart2->Show();
+  if (leave) leave();
 }
 
 bool FrmSada::Form_QueryUnload() {

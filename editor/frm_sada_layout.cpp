@@ -173,23 +173,37 @@ void FrmSada::ShowTexts() {
 }
 
 void FrmSada::SetLW() {
-  const std::pair<platform::Label&, int> labels[] = {{Label7, 15}, {Label3, 22}, {Label8, 33}, {Label2, 38},
-                                                     {Label4, 39}, {Label1, 40}, {Label9, 41}, {Label6, 42}};
-  for (const auto& [label, row] : labels) label.set_caption(LangStr[static_cast<std::size_t>(row)]);
-  const std::pair<platform::MenuItem&, int> items[] = {
-      {mnuNew, 16},  {mnuOpen, 17},  {mnuSave, 18},   {mnuSaveAs, 19}, {mnuGratulace, 20}, {mnuClose, 21},
-      {mnuCopy, 23}, {mnuPaste, 24}, {mnuAddmnu, 25}, {mnuAdd[0], 26}, {mnuAdd[1], 27},    {mnuEdit, 28},
-      {mnuMove, 29}, {mnuUp, 30},    {mnuDown, 31},   {mnuDelete, 32}};
-  for (const auto& [item, row] : items) item.set_caption(LangStr[static_cast<std::size_t>(row)]);
+  const std::pair<platform::Label&, text::Row> labels[] = {
+      {Label7, text::kSetMenu},      {Label3, text::kCaveMenu},           {Label8, text::kHelpMenu},
+      {Label2, text::kCavesLabel},   {Label4, text::kSetNameLabel},       {Label1, text::kSetAuthorLabel},
+      {Label9, text::kSetMailLabel}, {Label6, text::kSetDescriptionLabel}};
+  for (const auto& [label, row] : labels) label.set_caption(LangStr[row]);
+  const std::pair<platform::MenuItem&, text::Row> items[] = {{mnuNew, text::kNewSetItem},
+                                                             {mnuOpen, text::kOpenSetItem},
+                                                             {mnuSave, text::kSaveSetItem},
+                                                             {mnuSaveAs, text::kSaveSetAsItem},
+                                                             {mnuGratulace, text::kCongratulationItem},
+                                                             {mnuClose, text::kCloseItem},
+                                                             {mnuCopy, text::kCopyCave},
+                                                             {mnuPaste, text::kPasteCave},
+                                                             {mnuAddmnu, text::kAddCave},
+                                                             {mnuAdd[0], text::kSmallCave},
+                                                             {mnuAdd[1], text::kBigCave},
+                                                             {mnuEdit, text::kEditCave},
+                                                             {mnuMove, text::kMoveCave},
+                                                             {mnuUp, text::kMoveUp},
+                                                             {mnuDown, text::kMoveDown},
+                                                             {mnuDelete, text::kDeleteCaveItem}};
+  for (const auto& [item, row] : items) item.set_caption(LangStr[row]);
   // Without a row in the language files: it is the same in every language.
   lblBody.set_caption(ReadableFromUtf8("Body na začátek", PageInForce()));
-  set_caption(LangStr[58]);
+  set_caption(LangStr[text::kSetEditorTitle]);
   bar_.Place();
-  List1.set_accessible_name(LangStr[38]);
-  VScroll1.set_accessible_name(LangStr[38]);
-  Text3.set_accessible_name(LangStr[39]);
-  Text1.set_accessible_name(LangStr[40]);
-  Text2.set_accessible_name(LangStr[41]);
-  Text4.set_accessible_name(LangStr[42]);
+  List1.set_accessible_name(LangStr[text::kCavesLabel]);
+  VScroll1.set_accessible_name(LangStr[text::kCavesLabel]);
+  Text3.set_accessible_name(LangStr[text::kSetNameLabel]);
+  Text1.set_accessible_name(LangStr[text::kSetAuthorLabel]);
+  Text2.set_accessible_name(LangStr[text::kSetMailLabel]);
+  Text4.set_accessible_name(LangStr[text::kSetDescriptionLabel]);
   txtBody.set_accessible_name(lblBody.caption());
 }

@@ -26,7 +26,7 @@ void Hra::AnimateMagicWall() {
     frame = pctK[Wall];
     MagicState = 2;
     halves = 2;
-    ShowMessage(LangStr[104], colour::kLightYellow);
+    ShowMessage(LangStr[text::kMagicEnds], colour::kLightYellow);
   }
   if (!hooks || !hooks->paintCellTop) return;
   for (int y = 0; y < CaveHeight; ++y) {
@@ -40,7 +40,7 @@ void Hra::OpenExit() {
   Tell(&Hooks::flash);
   ExitOpen = true;
   PointsNow = PointsAfter;
-  ShowMessage(LangStr[105], colour::kWhite);
+  ShowMessage(LangStr[text::kExitOpens], colour::kWhite);
 }
 
 void Hra::BlinkExit() {

@@ -58,7 +58,7 @@ void Hra::PassMagicWall(int x, int y) {
     if (MagicState == 0) {
       MagicState = 1;
       MagicStart = ElapsedTime;
-      ShowMessage(LangStr[96], colour::kLightYellow);
+      ShowMessage(LangStr[text::kMagicStarts], colour::kLightYellow);
     }
     if (Tiles(x, y + 2) == Empty) {
       Tiles(x, y + 2) = Tiles(x, y) == Gem ? Rock : Gem;

@@ -165,11 +165,11 @@ void Hra::Command1_Click() {
   IdleTicks = 0;
   const std::string count = " " + std::to_string(HeroCount);  // the blank of the place-holder stays
   if (!MultiHero) {
-    ShowMessage(LangStr[89], colour::kWhite);
+    ShowMessage(LangStr[text::kStartOneHero], colour::kWhite);
   } else if (HeroCount < 5) {
-    ShowMessage(Replaced(LangStr[90], " 2-4", count), colour::kWhite);
+    ShowMessage(Replaced(LangStr[text::kStartFewHeroes], " 2-4", count), colour::kWhite);
   } else {
-    ShowMessage(Replaced(LangStr[91], " 5-9", count), colour::kWhite);
+    ShowMessage(Replaced(LangStr[text::kStartManyHeroes], " 5-9", count), colour::kWhite);
   }
 }
 

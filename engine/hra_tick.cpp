@@ -308,14 +308,14 @@ void Hra::ScanMarksOfAmoeba(int x, int y, int& amoebaCount) {
     Tiles(x, y) = Gem;
     Motion(x, y) = 2;
     PREKR(x, y);
-    if (AmoebaMode != 3) ShowMessage(LangStr[101], colour::kGreen);
+    if (AmoebaMode != 3) ShowMessage(LangStr[text::kAmoebaToGems], colour::kGreen);
     AmoebaMode = 3;
   }
   ++amoebaCount;
   // At least 5/22 of the cave's area, in whole numbers.
   if (amoebaCount * 22 >= CaveWidth * CaveHeight * 5) {
     AmoebaMode = 2;
-    ShowMessage(LangStr[102], colour::kGreen);
+    ShowMessage(LangStr[text::kAmoebaToRocks], colour::kGreen);
   }
 }
 
@@ -340,7 +340,7 @@ void Hra::RunClock() {
 void Hra::SpeedAmoebaUp() {
   if (AmoebaMode != 0 || CandidateCount == 0 || AmoebaTime - 1 > std::floor(ElapsedTime)) return;
   AmoebaMode = 1;
-  ShowMessage(LangStr[103], colour::kGreen);
+  ShowMessage(LangStr[text::kAmoebaFaster], colour::kGreen);
 }
 
 void Hra::EndLine() {

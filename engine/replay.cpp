@@ -1,6 +1,8 @@
 #include "engine/replay.h"
 
-#include <array>
+#include <zlib.h>
+
+#include <vector>
 
 #include "base/fault.h"
 #include "cave/cave_text.h"
@@ -21,18 +23,6 @@ bool IsCoded(std::string_view text) {
   }
   return true;
 }
-
-constexpr std::array<std::uint32_t, 256> MakeCrcTable() {
-  std::array<std::uint32_t, 256> table{};
-  for (std::uint32_t i = 0; i < 256; ++i) {
-    std::uint32_t value = i;
-    for (int bit = 0; bit < 8; ++bit) value = value >> 1 ^ ((value & 1) != 0 ? 0xEDB88320u : 0);
-    table[i] = value;
-  }
-  return table;
-}
-
-constexpr auto kCrcTable = MakeCrcTable();
 
 }  // namespace
 
@@ -72,15 +62,14 @@ void Replay::CheckRest() const {
 int Replay::Score() const { return game_.Sum.Score() + (bonus_ ? kBonusPoints : 0); }
 
 std::uint32_t CellsCrc(const Hra& game) {
-  std::uint32_t crc = ~0u;
-  const auto add = [&crc](std::uint32_t byte) { crc = kCrcTable[(crc ^ byte) & 0xFF] ^ crc >> 8; };
+  std::vector<std::uint8_t> bytes;
+  bytes.reserve(4 * static_cast<std::size_t>(game.CaveWidth) * static_cast<std::size_t>(game.CaveHeight));
   for (int y = 0; y < game.CaveHeight; ++y) {
     for (int x = 0; x < game.CaveWidth; ++x) {
-      add(game.Tiles(x, y) & 0xFF);
-      add(game.Tiles(x, y) >> 8);
-      add(game.Motion(x, y));
-      add(game.Aux(x, y));
+      const std::uint16_t tile = game.Tiles(x, y);
+      bytes.insert(bytes.end(), {static_cast<std::uint8_t>(tile & 0xFF), static_cast<std::uint8_t>(tile >> 8),
+                                 game.Motion(x, y), game.Aux(x, y)});
     }
   }
-  return ~crc;
+  return static_cast<std::uint32_t>(crc32_z(0, bytes.data(), bytes.size()));
 }

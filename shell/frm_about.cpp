@@ -34,13 +34,13 @@ FrmAbout::FrmAbout() {
 }
 
 void FrmAbout::SetLW(const platform::Picture& logo) {
-  set_caption(LangStr[10]);
+  set_caption(LangStr[text::kAboutGame]);
   Image1.set_picture(logo);
-  Label1.set_caption(LangStr[193] + " 1.1L");
-  Label8.set_caption(LangStr[195]);
-  Label14.set_caption(LangStr[196]);
-  Label3.set_caption(LangStr[197]);
-  Label9.set_caption(LangStr[198]);
+  Label1.set_caption(LangStr[text::kVersion] + " 1.1L");
+  Label8.set_caption(LangStr[text::kAboutWebPages]);
+  Label14.set_caption(LangStr[text::kAboutContests]);
+  Label3.set_caption(LangStr[text::kAboutCreditsGame]);
+  Label9.set_caption(LangStr[text::kAboutCreditsBy]);
   Label6.set_caption(WebHra);
   Label6.set_tool_tip("http://" + WebHra);
   Place();

@@ -57,7 +57,7 @@ void FrmDialog2::CancelButton_Click() {
 }
 
 void FrmDialog2::SetLW() {
-  set_caption(LangStr[73]);
-  CancelButton.set_caption(LangStr[74]);
-  Text1.set_accessible_name(LangStr[73]);
+  set_caption(LangStr[text::kCongratulation]);
+  CancelButton.set_caption(LangStr[text::kCancel]);
+  Text1.set_accessible_name(LangStr[text::kCongratulation]);
 }

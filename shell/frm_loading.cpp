@@ -22,6 +22,6 @@ FrmLoading::FrmLoading() : Form(platform::Border::kNone, kWidth, kHeight) {
 }
 
 void FrmLoading::SetLW() {
-  set_caption(LangStr[75]);
-  Label1.set_caption(LangStr[75]);
+  set_caption(LangStr[text::kWorking]);
+  Label1.set_caption(LangStr[text::kWorking]);
 }

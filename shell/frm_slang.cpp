@@ -52,7 +52,7 @@ void FrmSLang::Command2_Click() {
 void FrmSLang::SetLW() {
   constexpr int kEdge = 20;
   constexpr int kHeight = 36;
-  if (!LangStr[99].empty()) Command1.set_caption(LangStr[99]);
+  if (!LangStr[text::kAboutTranslation].empty()) Command1.set_caption(LangStr[text::kAboutTranslation]);
   const int about = std::max(150, Command1.text_width() + 32);
   const int inner = about + 10 + 110;
   Combo1.SetBounds(kEdge, kEdge, inner, kHeight);
@@ -62,5 +62,6 @@ void FrmSLang::SetLW() {
 }
 
 void ShowAboutTranslation() {
-  platform::ShowMessageBox({LangStr[199], LangStr[99], platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
+  platform::ShowMessageBox({LangStr[text::kTranslationText], LangStr[text::kAboutTranslation],
+                            platform::BoxButtons::kOk, platform::BoxIcon::kInformation});
 }

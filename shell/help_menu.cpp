@@ -24,14 +24,14 @@ HelpMenu::HelpMenu() {
 }
 
 void HelpMenu::SetLW() {
-  mnuHlp1.set_caption(LangStr[10]);
-  mnuHlp2.set_caption(LangStr[11]);
-  mnuHlp3.set_caption(LangStr[12]);
-  mnuHlp4.set_caption(LangStr[13]);
-  mnuHlp5.set_caption(LangStr[14]);
-  mnuHlpPravidla.set_caption(LangStr[34]);
-  mnuAbout.set_caption(LangStr[35]);
-  mnuHlpRady.set_caption(LangStr[36]);
-  mnuHlpPrispet.set_caption(LangStr[37]);
-  mnuAboutTr.set_caption(LangStr[99]);
+  mnuHlp1.set_caption(LangStr[text::kAboutGame]);
+  mnuHlp2.set_caption(LangStr[text::kOpenHelp]);
+  mnuHlp3.set_caption(LangStr[text::kGameHomePage]);
+  mnuHlp4.set_caption(LangStr[text::kAuthorHomePage]);
+  mnuHlp5.set_caption(LangStr[text::kWriteToAuthor]);
+  mnuHlpPravidla.set_caption(LangStr[text::kHelpRules]);
+  mnuAbout.set_caption(LangStr[text::kHelpMore]);
+  mnuHlpRady.set_caption(LangStr[text::kHelpAdvice]);
+  mnuHlpPrispet.set_caption(LangStr[text::kHelpContribute]);
+  mnuAboutTr.set_caption(LangStr[text::kAboutTranslation]);
 }

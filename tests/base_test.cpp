@@ -12,8 +12,8 @@
 #include "base/files.h"
 #include "base/tool.h"
 #include "base/utf8.h"
-#include "fault_check.h"
-#include "temp_folder.h"
+#include "kit/fault_check.h"
+#include "kit/temp_folder.h"
 
 namespace {
 

@@ -26,9 +26,10 @@
 #include "cave/names.h"
 #include "cave/scramble.h"
 #include "cave/set_file.h"
-#include "desk.h"
 #include "engine/recording.h"
-#include "fault_check.h"
+#include "kit/desk.h"
+#include "kit/fault_check.h"
+#include "kit/temp_folder.h"
 #include "platform/file_dialog.h"
 #include "platform/keys.h"
 #include "platform/links.h"
@@ -36,9 +37,7 @@
 #include "platform/registry.h"
 #include "platform/testing.h"
 #include "platform/window_shape.h"
-#include "shell/program.h"
 #include "shell/registry_values.h"
-#include "temp_folder.h"
 
 using namespace platform;
 using ::testing::AllOf;
@@ -49,83 +48,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kData = ZORBIK_PROGRAM_DATA;
-
-/// A cave that is won by a step to the right in its first ticks: 100 points for its gem-less exit come from the time.
-std::string WonByOneStep(const std::string& name, int seconds = 100) {
-  CaveRecord cave;
-  cave.Name = name;
-  cave.Description = "Popis " + name;
-  cave.Time = static_cast<std::int16_t>(seconds);
-  cave.PointsBefore = 5;
-  cave.PointsAfter = 7;
-  cave.Width = 19;
-  cave.Height = 11;
-  cave.Cells.fill(';');
-  cave.Cell(3, 3) = '1';
-  cave.Cell(4, 3) = 'T';
-  return BuildCaveText(cave);
-}
-
-/// A set of caves with these names; the first one is a start point.
-EditedSet SetOf(const std::string& name, const std::vector<std::string>& caves) {
-  EditedSet set;
-  set.Name = name;
-  set.Author = "Eva";
-  set.Mail = "eva@jeskyne.cz";
-  set.Description = "Popis sady";
-  set.PocetK = static_cast<std::uint8_t>(caves.size());
-  for (std::size_t i = 0; i < caves.size(); ++i) set.KomText[i + 1] = WonByOneStep(caves[i]);
-  set.Gratulace = "Gratulujeme! $P a $P";
-  return set;
-}
-
 std::vector<std::string> Names(int count) {
   std::vector<std::string> names;
   for (int i = 1; i <= count; ++i) names.push_back("Komnata " + std::to_string(i));
   return names;
 }
-
-/// A folder with the program's data, and a store of its own for the settings.
-class Desk : public TempFolder {
- public:
-  Desk() {
-    Registr::SetFolder(Path("config"));
-    fs::create_directory(Path("config"));
-    fs::create_directory(Path("game"));
-    fs::create_symlink(kData + "/pictures", Path("game/pictures"));
-    for (const char* language : {"cestina.zbl", "english.zbl", "russian.zbl"}) {
-      fs::copy_file(kData + "/" + language, Path(std::string("game/") + language));
-    }
-    fs::create_directory(Path("game/Komnaty"));
-  }
-
-  void AddSet(const std::string& file, EditedSet set) const { SaveColl(Path("game/Komnaty/" + file), set); }
-  void AddPlayer(const std::string& name) const { fs::create_directories(Path("game/Hráči/" + name)); }
-
-  /// A record of a cave as WonByOneStep makes it, in the folder of a player.
-  void AddRecord(const std::string& folder, const std::string& set, const std::string& cave, const std::string& player,
-                 int score, const std::string& caveText) const {
-    const std::string text = RecordText(set, score, player, Scramble(caveText) + "\r\n");
-    WriteFile(Path("game/Hráči/" + folder + "/" + Utf8(CistyNazev(set + " - " + cave)) + ".zbr"), text);
-  }
-
-  /// Starts the program with its language chosen before.
-  Program& Start(const std::string& language = "cestina.zbl") {
-    CreateProgramKey();
-    WriteText(registry::kJazyk, language);
-    Run();
-    return *program;
-  }
-  void Run(const std::string& executable = "zorbik", const std::string& dataFolder = {}) {
-    program.reset();
-    program = std::make_unique<Program>(Path("game"), executable, dataFolder);
-    program->Main();
-    user::WaitUntil([this] { return user::HasInput(program->frmStart2); });
-  }
-
-  std::unique_ptr<Program> program;
-};
 
 void SetFastest(Desk& /*desk*/) {
   CreateProgramKey();
@@ -164,122 +91,11 @@ struct Overview : Desk {
   }
 };
 
-// ------------------------------------------------------------------------------------------------------------ Players
-
-TEST(FoldersTest, StandBesideTheProgramOrAreIt) {
-  const TempFolder folder;
-  folder.Make("Komnaty/a.zb");
-  SetFolders(folder.path(), "zorbik");
-  EXPECT_EQ(CestaKomnaty, folder.path() + "/Komnaty/");
-  EXPECT_EQ(CestaZaznamy, folder.path() + "/") << "there are no records";
-  EXPECT_EQ(CestaHraci, folder.path() + "/Hráči");
-  EXPECT_EQ(OwnSets, CestaKomnaty);
-
-  folder.Make("Caves/a.zb");
-  folder.Make("Records/a.zbr");
-  SetFolders(folder.path(), "Borzeek");
-  EXPECT_EQ(CestaKomnaty, folder.path() + "/Caves/");
-  EXPECT_EQ(CestaZaznamy, folder.path() + "/Records/");
-  EXPECT_EQ(CestaHraci, folder.path() + "/Players");
-
-  const TempFolder other;
-  other.Make("KOMNATY/a.zb");
-  other.Make("hráči/x");
-  SetFolders(other.path(), "zorbik");
-  EXPECT_EQ(CestaKomnaty, other.path() + "/KOMNATY/") << "the case of names does not matter";
-  EXPECT_EQ(CestaHraci, other.path() + "/hráči");
-
-  SetFolders(folder.path(), "b", "/data/of/eva");
-  EXPECT_EQ(CestaKomnaty, folder.path() + "/Komnaty/") << "what is shipped stays";
-  EXPECT_EQ(CestaHraci, "/data/of/eva/Hráči");
-  EXPECT_EQ(OwnSets, "/data/of/eva/Komnaty/");
-}
-
-TEST(PlayersTest, AreFoldersInOrderOfTheirNames) {
-  NactiJazyk(kData + "/cestina.zbl");
-  const TempFolder folder;
-  SetFolders(folder.path(), "zorbik");
-  fs::create_directory(folder.Path("Hráči"));
-  folder.Make("Hráči/soubor");
-  for (const char* name : {"karel", "Žofie", "Adam", "Ёж", "日本"}) fs::create_directory(folder.Path("Hráči/") + name);
-  EXPECT_THAT(ListPlayers(), ElementsAre("Adam", "karel", Cp1250("Žofie"), FromUtf8("Ёж", CodePage::k1251)))
-      << "what both code pages lack is no player";
-  EXPECT_TRUE(MakePlayer(Cp1250("Čeněk")));
-  EXPECT_TRUE(fs::is_directory(folder.Path("Hráči/Čeněk")));
-  EXPECT_FALSE(MakePlayer(Cp1250("čeněk"))) << "the same name";
-  EXPECT_FALSE(MakePlayer("")) << "the folder of all players";
-  EXPECT_FALSE(MakePlayer(".."));
-  EXPECT_FALSE(MakePlayer("  ")) << "nobody could tell this player from none";
-  fs::remove_all(CestaHraci);
-  EXPECT_TRUE(MakePlayer("Eva")) << "with the folder of all players";
-}
-
-TEST(PlayersTest, HaveFoldersNamedInTheLettersOfTheirLanguage) {
-  const TempFolder folder;
-  SetFolders(folder.path(), "zorbik");
-  fs::create_directory(folder.Path("Hráči"));
-  const std::string russian = FromUtf8("Вася", CodePage::k1251);
-  const std::string czech = Cp1250("Žofie");
-  NactiJazyk(kData + "/russian.zbl");
-  EXPECT_TRUE(MakePlayer(russian));
-  NactiJazyk(kData + "/cestina.zbl");
-  EXPECT_TRUE(MakePlayer(czech));
-  for (const char* language : {"cestina", "russian"}) {
-    NactiJazyk(kData + "/" + language + ".zbl");
-    EXPECT_EQ(PlayerFolder(russian), folder.Path("Hráči/Вася")) << language;
-    EXPECT_EQ(PlayerPage(russian), CodePage::k1251);
-    EXPECT_EQ(PlayerFolder(czech), folder.Path("Hráči/Žofie"));
-    EXPECT_EQ(PlayerPage(czech), CodePage::k1250);
-    EXPECT_FALSE(MakePlayer(russian)) << "the player is known in every language";
-    EXPECT_THAT(ListPlayers(), ElementsAre(czech, russian));
-  }
-}
-
-TEST(RecordsTest, TellWhoseTheyAreAndWhetherTheyAreOfThisCave) {
-  const Desk desk;
-  SetFolders(desk.Path("game"), "zorbik");
-  desk.AddPlayer("Karel");
-  const std::string cave = WonByOneStep("A");
-  const auto read = [&](const std::string& text) { return PlayerRecords("Karel").Read("Sada", "A", text + "---07"); };
-  EXPECT_EQ(read(cave).verdict, Verdict::kNone);
-
-  desk.AddRecord("Karel", "Sada", "A", " KAREL ", 640, cave + "---02");
-  EXPECT_EQ(read(cave).verdict, Verdict::kOwn) << "case, blanks around the name and the cave's number do not matter";
-  EXPECT_EQ(read(cave).score, 640);
-  EXPECT_EQ(read(WonByOneStep("A", 99)).verdict, Verdict::kNone) << "another version of the cave";
-  EXPECT_EQ(read(WonByOneStep("A", 99)).score, 0);
-  const std::string other = desk.Path("game/Hráči/Karel/SADA - a.zbr");
-  fs::rename(desk.Path("game/Hráči/Karel/Sada - A.zbr"), other);
-  EXPECT_EQ(read(cave).verdict, Verdict::kOwn) << "the case of file names does not matter";
-  fs::remove(other);
-
-  desk.AddRecord("Karel", "Sada", "A", "Eva", 70, cave + "---02");
-  EXPECT_EQ(read(cave).verdict, Verdict::kForeign);
-  EXPECT_EQ(read(cave).score, 70);
-
-  const std::string damaged = desk.Make("game/Hráči/Karel/Sada - A.zbr", Scramble("Sada") + "\r\n");
-  ExpectFault([&] { read(cave); }, damaged, "line 2");
-}
-
-TEST(RecordsTest, OfARussianSetAreFoundInEveryLanguage) {
-  const Desk desk;
-  SetFolders(desk.Path("game"), "zorbik");
-  const std::string dog = FromUtf8("Пёс", CodePage::k1251);
-  const std::string cave = WonByOneStep("A");
-  desk.AddPlayer("Пёс");
-  // Case does not matter in a name of Cyrillic letters either, whatever language is spoken.
-  desk.AddRecord("Пёс", dog, "A", FromUtf8("пЁС", CodePage::k1251), 640, cave + "---02");
-  for (const char* language : {"cestina", "russian"}) {
-    NactiJazyk(kData + "/" + language + ".zbl");
-    EXPECT_EQ(PlayerRecords(dog).Read(dog, "A", cave + "---07").verdict, Verdict::kOwn) << language;
-  }
-}
-
 // ------------------------------------------------------------------------------------------- First start, new players
 
 TEST(StartTest, AsksANewUserForLanguageAndName) {
   Desk desk;
-  desk.AddSet("sada.zb", SetOf("Sada", {"A"}));
+  desk.AddSet("sada.zb", SetOf({"A"}, "Sada"));
   Boxes boxes;
   InTurn({[] {
             user::TapKey(kKeyDown);
@@ -350,7 +166,7 @@ TEST(StartTest, KeepsThePlaceOfThePlayerInTheListAndNotTheName) {
     user::Click(start.Command1);
   };
   add("karel");
-  EXPECT_THAT(boxes.texts.back(), HasSubstr(Utf8(LangStr[48])));
+  EXPECT_THAT(boxes.texts.back(), HasSubstr(Utf8(LangStr[text::kPlayerNotMade])));
   EXPECT_EQ(start.List2.count(), 2);
   EXPECT_EQ(desk.program->frmDialog3.Text1.text(), "");
   add("Adam");
@@ -368,9 +184,9 @@ TEST(StartTest, KeepsThePlaceOfThePlayerInTheListAndNotTheName) {
 
 TEST(StartTest, ListsShippedAndOwnSetsTogether) {
   Desk desk;
-  desk.AddSet("b.zb", SetOf("Be", {"A"}));
+  desk.AddSet("b.zb", SetOf({"A"}, "Be"));
   desk.Make("game/Komnaty/a.zb", "");
-  EditedSet own = SetOf("Vlastní", {"A"});
+  EditedSet own = SetOf({"A"}, "Vlastní");
   own.Name = Cp1250("Vlastní");
   desk.Make("data/Komnaty/x");
   SaveColl(desk.Path("data/Komnaty/c.zb"), own);
@@ -437,10 +253,10 @@ TEST(StartTest, AsksForFilesAndIgnoresNone) {
   user::Click(start.Label2);
   SetFileDialogResponder({});
   const std::string zero(1, '\0');
-  EXPECT_THAT(asked, ElementsAre(LangStr[111] + "|" + LangStr[56] + "(*.zb)" + zero + "*.zb" + zero + "|" +
-                                     CestaKomnaty + "|4100",
-                                 LangStr[109] + "|" + LangStr[110] + " (*.zbr)" + zero + "*.zbr" + zero + "|" +
-                                     CestaZaznamy + "|4100"));
+  EXPECT_THAT(asked, ElementsAre(LangStr[text::kOpenSetElsewhereTitle] + "|" + LangStr[text::kSetFiles] + "(*.zb)" +
+                                     zero + "*.zb" + zero + "|" + CestaKomnaty + "|4100",
+                                 LangStr[text::kOpenReplayTitle] + "|" + LangStr[text::kRecordFiles] + " (*.zbr)" +
+                                     zero + "*.zbr" + zero + "|" + CestaZaznamy + "|4100"));
   EXPECT_TRUE(start.visible());
   EXPECT_FALSE(desk.program->hra.visible() || desk.program->frmPoSt.visible());
 }
@@ -466,13 +282,13 @@ TEST(StartTest, CopiesASetFromElsewhereAndKeepsOneOlderCopy) {
   fs::create_directory(desk.Path("jinde"));
   const std::string source = desk.Path("jinde/cizi.zb");
   const auto open = [&](const std::string& name, BoxAnswer copy, BoxAnswer remove) {
-    EditedSet set = SetOf(name, {"A"});
+    EditedSet set = SetOf({"A"}, name);
     SaveColl(source, set);
     Boxes boxes({copy, remove});
     std::string path = source;
     start.AnotherColl(path);
     EXPECT_EQ(desk.program->frmPoSt.Label4.caption(), name);
-    EXPECT_EQ(desk.program->frmPoSt.caption(), LangStr[108] + " Karel");
+    EXPECT_EQ(desk.program->frmPoSt.caption(), LangStr[text::kOverviewTitle] + " Karel");
     desk.program->frmPoSt.Close();
     return path;
   };
@@ -485,7 +301,7 @@ TEST(StartTest, CopiesASetFromElsewhereAndKeepsOneOlderCopy) {
   EXPECT_THAT(ListFiles(CestaKomnaty, ".zb"), ElementsAre("cizi.zb", "cizi~.zb"));
   EXPECT_EQ(start.List1.item(1), "Ctvrta (cizi~.zb)");
   std::string kept = source;
-  EditedSet fifth = SetOf("Pata", {"A"});
+  EditedSet fifth = SetOf({"A"}, "Pata");
   SaveColl(kept, fifth);
   InTurn({[] { user::TapKey(kKeyEnter); }, [] { user::TapKey(kKeyEnter); }});
   start.AnotherColl(kept);
@@ -503,11 +319,11 @@ TEST(StartTest, CopiesASetFromElsewhereAndKeepsOneOlderCopy) {
 
 TEST(OverviewTest, ShowsWhatRecordsAndBonusCavesOpen) {
   const std::vector<std::string> names = {"A", "B", "C", "D bonus", "E", "F"};
-  Overview overview(SetOf("Sada", names), [&](Desk& desk) {
-    desk.AddRecord("Karel", "Sada", "A", "Karel", 111, WonByOneStep("A") + "---01");
-    desk.AddRecord("Karel", "Sada", "B", "Eva", 222, WonByOneStep("B") + "---02");
-    desk.AddRecord("Karel", "Sada", "C", "Karel", 333, WonByOneStep("C") + "---03");
-    desk.AddRecord("Karel", "Sada", "F", "Karel", 444, WonByOneStep("F", 99) + "---06");
+  Overview overview(SetOf(names, "Sada"), [&](Desk& desk) {
+    desk.AddRecord("Karel", "Sada", "A", "Karel", 111, 1);
+    desk.AddRecord("Karel", "Sada", "B", "Eva", 222, 2);
+    desk.AddRecord("Karel", "Sada", "C", "Karel", 333, 3);
+    desk.AddRecord("Karel", "Sada", "F", "Karel", 444, 6, 99);
   });
   FrmPoSt& form = overview.form();
   EXPECT_THAT(overview.States(), ElementsAre(Passed, ForeignRecord, Passed, Open, Open, Locked));
@@ -515,10 +331,11 @@ TEST(OverviewTest, ShowsWhatRecordsAndBonusCavesOpen) {
   EXPECT_EQ(overview.Cave(6), "???");
   EXPECT_EQ(form.lblCave[2]->fore_colour(), form.BarvaCizi);
   EXPECT_EQ(form.Label2.caption(), "00666");
-  EXPECT_EQ(form.Label6.caption(), LangStr[78] + " 3 " + LangStr[80] + ".") << "the bonus cave need not be won";
+  EXPECT_EQ(form.Label6.caption(), LangStr[text::kStillToWin] + " 3 " + LangStr[text::kFewCavesLeft] + ".")
+      << "the bonus cave need not be won";
   EXPECT_FALSE(form.Command3.visible());
   EXPECT_EQ(form.Label3.caption(), Cp1250("© Eva"));
-  EXPECT_EQ(form.Label1.text(), "Popis sady");
+  EXPECT_EQ(form.Label1.text(), "Popis\r\nsady");
   EXPECT_EQ(form.caption(), Cp1250("Přehled sady - hráč Karel"));
 
   EXPECT_EQ(form.AktK, 1);
@@ -538,7 +355,7 @@ TEST(OverviewTest, ShowsWhatRecordsAndBonusCavesOpen) {
   user::TapKey(kKeyDown);
   EXPECT_EQ(form.AktK, 6);
   EXPECT_EQ(form.lblName.caption(), "???");
-  EXPECT_EQ(form.lblDescr.caption(), LangStr[84] + "\r\nE");
+  EXPECT_EQ(form.lblDescr.caption(), LangStr[text::kCaveLocked] + "\r\nE");
   EXPECT_FALSE(form.Command2.visible());
   form.Label1.SetFocus();
   user::TapKey(kKeyEnter);
@@ -549,7 +366,7 @@ TEST(OverviewTest, ShowsWhatRecordsAndBonusCavesOpen) {
 }
 
 TEST(OverviewTest, TheMarkOfABonusCaveHidesNoText) {
-  Overview overview(SetOf("Sada", {"BONUS", "Bonusova komnata se jmenem na dva radky"}));
+  Overview overview(SetOf({"BONUS", "Bonusova komnata se jmenem na dva radky"}, "Sada"));
   const FrmPoSt& form = overview.form();
   const Image& mark = form.Image1;
   for (const int cave : {1, 2}) {
@@ -562,34 +379,15 @@ TEST(OverviewTest, TheMarkOfABonusCaveHidesNoText) {
   }
 }
 
-TEST(OverviewTest, OfBonusCavesAloneIsDoneFromTheStart) {
-  EditedSet set = SetOf("Sada", {"bonus 1", "Bonus 2", "BONUS 3"});
-  set.Mail = "a@b.c";
-  Overview overview(set);
-  EXPECT_THAT(overview.States(), ElementsAre(Open, Open, Open));
-  EXPECT_TRUE(overview.form().Command3.visible());
-  EXPECT_EQ(overview.form().Label6.caption(), LangStr[78] + " 0 .");
-  EXPECT_FALSE(overview.form().Label3.font().underline) << "too short for an address";
-}
-
-TEST(OverviewTest, AForeignRecordInTheLastCaveDoesNotFinishTheSet) {
-  Overview overview(SetOf("Sada", {"A"}),
-                    [](Desk& desk) { desk.AddRecord("Karel", "Sada", "A", "Eva", 5, WonByOneStep("A") + "---01"); });
-  EXPECT_THAT(overview.States(), ElementsAre(ForeignRecord));
-  EXPECT_FALSE(overview.form().Command3.visible());
-  EXPECT_EQ(overview.form().Label2.caption(), "00005");
-  EXPECT_TRUE(overview.form().Label3.font().underline);
-}
-
 TEST(OverviewTest, ScrollsFromElevenCavesOn) {
-  Overview ten(SetOf("Sada", Names(10)));
+  Overview ten(SetOf(Names(10), "Sada"));
   EXPECT_FALSE(ten.form().VScroll1.enabled());
   for (int i = 0; i < 12; ++i) user::TapKey(kKeyDown);
   EXPECT_EQ(ten.form().AktK, 10);
   EXPECT_EQ(ten.form().Picture2.top(), 0);
   ten.program.reset();
 
-  Overview eleven(SetOf("Sada", Names(11)));
+  Overview eleven(SetOf(Names(11), "Sada"));
   FrmPoSt& form = eleven.form();
   EXPECT_TRUE(form.VScroll1.enabled());
   EXPECT_EQ(form.VScroll1.max(), 1);
@@ -614,15 +412,14 @@ TEST(OverviewTest, ScrollsFromElevenCavesOn) {
 }
 
 TEST(OverviewTest, LinksToAuthorAndContest) {
-  EditedSet set = SetOf(Cp1250("TEMPOerný Zorbík"), {"A", "A"});
+  EditedSet set = SetOf({"A", "A"}, Cp1250("TEMPOerný Zorbík"));
   set.Mail = "eva@jeskyne.cz?cc=a&b%40";
-  Overview overview(
-      set, [&](Desk& desk) { desk.AddRecord("Karel", set.Name, "A", "Karel", 5, WonByOneStep("A") + "---01"); });
+  Overview overview(set, [&](Desk& desk) { desk.AddRecord("Karel", set.Name, "A", "Karel", 5, 1); });
   FrmPoSt& form = overview.form();
   EXPECT_THAT(overview.States(), ElementsAre(Passed, Passed)) << "caves of one name share a record";
   std::vector<std::string> links;
   SetLinkResponder([&](const std::string& link) { links.push_back(link); });
-  EXPECT_EQ(form.Label3.tool_tip(), LangStr[77] + " '" + set.Mail + "'");
+  EXPECT_EQ(form.Label3.tool_tip(), LangStr[text::kMailToAuthorTip] + " '" + set.Mail + "'");
   user::Click(form.Label3, 5, 10);
   ASSERT_TRUE(form.Command4.visible());
   user::Click(form.Command4);
@@ -631,8 +428,8 @@ TEST(OverviewTest, LinksToAuthorAndContest) {
   user::Click(overview.program->frmStart2.Label8_3);
   SetLinkResponder({});
   EXPECT_THAT(links,
-              ElementsAre("mailto:eva@jeskyne.cz%3Fcc%3Da%26b%2540?subject=" + Utf8(LangStr[82]) +
-                              " 'TEMPOerný Zorbík' " + Utf8(LangStr[83]),
+              ElementsAre("mailto:eva@jeskyne.cz%3Fcc%3Da%26b%2540?subject=" + Utf8(LangStr[text::kMailSubjectBefore]) +
+                              " 'TEMPOerný Zorbík' " + Utf8(LangStr[text::kMailSubjectBehind]),
                           overview.Path("game/Help/Tempo/index.htm"), overview.Path("game/Help/Tempo/index.htm")));
 }
 
@@ -649,8 +446,8 @@ TEST(OverviewTest, ADamagedFileEndsTheProgramWithABoxAndNothingIsLost) {
   Desk desk;
   desk.AddPlayer("Karel");
   desk.Make("game/Komnaty/a.zb", Scramble("ESada") + "\r\n");
-  desk.AddSet("b.zb", SetOf("Sada", {"A", "B"}));
-  desk.AddRecord("Karel", "Sada", "A", "Karel", 111, WonByOneStep("A") + "---01");
+  desk.AddSet("b.zb", SetOf({"A", "B"}, "Sada"));
+  desk.AddRecord("Karel", "Sada", "A", "Karel", 111, 1);
   desk.Make("game/Hráči/Karel/sada - b.zbr", "ABC\r\nABC\r\n");
   FrmStart2& start = desk.Start().frmStart2;
   user::Click(start.Image3, 70, 30);
@@ -672,7 +469,7 @@ TEST(OverviewTest, ADamagedFileEndsTheProgramWithABoxAndNothingIsLost) {
 // ------------------------------------------------------------------------------------------------------ Playing a set
 
 TEST(CampaignTest, ASetIsPlayedToItsCongratulation) {
-  Overview overview(SetOf("Sada", {"A", "bonus", "C", "D"}), SetFastest);
+  Overview overview(SetOf({"A", "bonus", "C", "D"}, "Sada"), SetFastest);
   FrmPoSt& form = overview.form();
   EXPECT_THAT(overview.States(), ElementsAre(Open, Locked, Locked, Locked));
   overview.Win();
@@ -689,7 +486,7 @@ TEST(CampaignTest, ASetIsPlayedToItsCongratulation) {
   EXPECT_EQ(std::stoi(overview.Score(2)), record("bonus"));
   EXPECT_EQ(form.AktK, 3);
   overview.Win();
-  EXPECT_EQ(form.Label6.caption(), LangStr[78] + " 1 " + LangStr[79] + ".");
+  EXPECT_EQ(form.Label6.caption(), LangStr[text::kStillToWin] + " 1 " + LangStr[text::kOneCaveLeft] + ".");
   EXPECT_FALSE(form.Command3.visible());
   overview.Win();
   EXPECT_EQ(form.AktK, 4) << "the last cave stays selected";
@@ -713,7 +510,7 @@ TEST(CampaignTest, ASetIsPlayedToItsCongratulation) {
 }
 
 TEST(CampaignTest, ARecordIsReplayedAndLeadsBack) {
-  Overview overview(SetOf("Sada", {"A", "B"}), SetFastest);
+  Overview overview(SetOf({"A", "B"}, "Sada"), SetFastest);
   FrmPoSt& form = overview.form();
   overview.Win();
   user::TapKey(kKeyUp);
@@ -749,9 +546,9 @@ TEST(CampaignTest, ARecordIsReplayedAndLeadsBack) {
 }
 
 TEST(CampaignTest, TheLastWinCountsAndOneThatIsNotRecordedIsForgotten) {
-  Overview overview(SetOf("Sada", {"A", "B"}), [](Desk& desk) {
+  Overview overview(SetOf({"A", "B"}, "Sada"), [](Desk& desk) {
     SetFastest(desk);
-    desk.AddRecord("Karel", "Sada", "A", "Karel", 5000, WonByOneStep("A") + "---01");
+    desk.AddRecord("Karel", "Sada", "A", "Karel", 5000, 1);
   });
   EXPECT_EQ(overview.Score(1), "05000");
   overview.Win();
@@ -767,7 +564,7 @@ TEST(CampaignTest, TheLastWinCountsAndOneThatIsNotRecordedIsForgotten) {
 }
 
 TEST(CampaignTest, AGameIsLeftAndRestarted) {
-  Overview overview(SetOf("Sada", {"A", "B"}));
+  Overview overview(SetOf({"A", "B"}, "Sada"));
   FormHra& hra = overview.program->hra;
   user::DoubleClick(*overview.form().lblCave[2], 40, 10);
   EXPECT_FALSE(hra.visible()) << "a locked cave";
@@ -819,7 +616,8 @@ TEST(HelpTest, OpensPagesLinksAndAbout) {
   SetLinkResponder({});
   Boxes boxes;
   help.mnuAboutTr.Click();
-  EXPECT_THAT(boxes.texts, ElementsAre(LangStr[99] + ": " + Utf8(LangStr[199])));
+  EXPECT_THAT(boxes.texts,
+              ElementsAre(LangStr[text::kAboutTranslation] + ": " + Utf8(LangStr[text::kTranslationText])));
 }
 
 TEST(LanguageTest, ChangesAllTextsAtOnce) {
@@ -837,7 +635,7 @@ TEST(LanguageTest, ChangesAllTextsAtOnce) {
   EXPECT_EQ(start.Image7.picture(), start.Image12.picture());
   EXPECT_EQ(program.frmPoSt.Command2.caption(), "Play");
   EXPECT_EQ(program.hra.EndGame.caption(), "Quit");
-  EXPECT_EQ(program.frmSettings.caption(), LangStr[59]);
+  EXPECT_EQ(program.frmSettings.caption(), LangStr[text::kSettingsTitle]);
   EXPECT_EQ(program.helpMenu.mnuHlp1.caption(), "About Borzeek");
   EXPECT_TRUE(start.visible());
 

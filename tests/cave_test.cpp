@@ -13,8 +13,8 @@
 #include "cave/names.h"
 #include "cave/scramble.h"
 #include "cave/tiles.h"
-#include "fault_check.h"
-#include "temp_folder.h"
+#include "kit/fault_check.h"
+#include "kit/temp_folder.h"
 
 namespace {
 
@@ -170,9 +170,9 @@ TEST(CaveText, WhatDoesNotFitItsCharacterIsAFault) {
 class Templates : public testing::Test {
  protected:
   void SetUp() override {
-    LangStr[26] = "Mala";
-    LangStr[27] = "Velka";
-    LangStr[53] = "Popis";
+    LangStr[text::kSmallCave] = "Mala";
+    LangStr[text::kBigCave] = "Velka";
+    LangStr[text::kNewDescription] = "Popis";
   }
   void TearDown() override { LangStr.fill(""); }
 };
@@ -200,8 +200,8 @@ TEST_F(Templates, SmallAndBig) {
 }
 
 TEST_F(Templates, TextsTooLongForACaveAreCut) {
-  LangStr[26] = std::string(191, 'n');
-  LangStr[53] = std::string(300, 'd');
+  LangStr[text::kSmallCave] = std::string(191, 'n');
+  LangStr[text::kNewDescription] = std::string(300, 'd');
   const CaveRecord small = ParseCaveText(LoadCaveText("*1", 0));
   EXPECT_EQ(small.Name, std::string(190, 'n'));
   EXPECT_EQ(small.Description, std::string(190, 'd'));

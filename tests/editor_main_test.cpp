@@ -11,36 +11,20 @@
 #include "base/lang_str.h"
 #include "base/language.h"
 #include "cave/cave_text.h"
+#include "kit/desk.h"
 #include "platform/application.h"
 #include "platform/keys.h"
 #include "platform/message_box.h"
 #include "platform/registry.h"
 #include "platform/testing.h"
-#include "shell/program.h"
-#include "temp_folder.h"
 
 using namespace platform;
 using ::testing::ElementsAre;
 
 namespace {
 
-const std::string kData = ZORBIK_PROGRAM_DATA;
 constexpr int kCell = CaveEdit::kCell;
 constexpr int kF = kF1 - 1;  // kF + n: function key n
-
-std::string Utf8(const std::string& text) { return ToUtf8(text, CodePage::k1250); }
-
-CaveRecord Filled(int width, int height, char c) {
-  CaveRecord record;
-  record.Name = "Doupe";
-  record.Time = 150;
-  record.MagicTime = 20;
-  record.AmoebaTime = 50;
-  record.Width = static_cast<std::uint8_t>(width);
-  record.Height = static_cast<std::uint8_t>(height);
-  record.Cells.fill(c);
-  return record;
-}
 
 /// A small cave of dirt with a hero and an exit beside him.
 CaveRecord Winnable() {

@@ -27,7 +27,7 @@ using ::testing::IsEmpty;
 namespace {
 
 std::string Utf8(const std::string& text) { return ToUtf8(text, CodePage::k1250); }
-const std::string& Text(int row) { return LangStr[static_cast<std::size_t>(row)]; }
+const std::string& Text(text::Row row) { return LangStr[row]; }
 
 /// The cave editor with a cave, and the properties filled from it.
 class Properties {
@@ -142,9 +142,10 @@ TEST(PropertiesTest, CorrectsInOrderAndTellsItInOneBox) {
   form.Text3.set_text("    ");
   form.Text4.set_text(std::string(188, 'X') + " \r\n");
   form.Command1_Click();
-  EXPECT_THAT(desk.Said(), ElementsAre(Cp1250("Upozornění|") + Text(180) + "\r\n\r\n" + Text(117) + " = 50\r\n" +
-                                       Text(118) + " = 30\r\n" + Text(124) + " = 150\r\n" + Text(125) + " = 150\r\n" +
-                                       Text(120) + "\r\n" + Text(121) + " = 190\r\n"));
+  EXPECT_THAT(desk.Said(), ElementsAre(Cp1250("Upozornění|") + Text(text::kCorrected) + "\r\n\r\n" +
+                                       Text(text::kCaveWidth) + " = 50\r\n" + Text(text::kCaveHeight) + " = 30\r\n" +
+                                       Text(text::kMagicTime) + " = 150\r\n" + Text(text::kAmoebaTime) + " = 150\r\n" +
+                                       Text(text::kCaveName) + "\r\n" + Text(text::kCaveDescription) + " = 190\r\n"));
   EXPECT_EQ(desk.Cave().Name, "");
   EXPECT_EQ(desk.Cave().Description, std::string(188, 'X'))
       << "what a cave text has room for, without half a line break or a blank";
@@ -181,7 +182,8 @@ TEST(PropertiesTest, ANegativeNumberOfGemsOrPointsTakesTheTimeAway) {
     EXPECT_EQ(desk.form.Text5.text(), "0") << "after it was set to its least value";
     EXPECT_EQ((desk.form.*field).text(), "-1");
     EXPECT_EQ(desk.Cave().Time, 0);
-    EXPECT_THAT(desk.Said(), ElementsAre(Cp1250("Upozornění|") + Text(180) + "\r\n\r\n" + Text(122) + " = 5\r\n"));
+    EXPECT_THAT(desk.Said(), ElementsAre(Cp1250("Upozornění|") + Text(text::kCorrected) + "\r\n\r\n" +
+                                         Text(text::kTotalTime) + " = 5\r\n"));
   }
 }
 
@@ -251,14 +253,15 @@ TEST(PropertiesTest, HelpExplains) {
   for (int x = 4; x < 7; ++x) cave.Cell(x, 6) = 'A';
   Properties desk(cave);
   FrmFormality& form = desk.form;
-  EXPECT_EQ(desk.Help(form.Command3), Text(133) + "|" + Text(134));
+  EXPECT_EQ(desk.Help(form.Command3), Text(text::kBonusTitle) + "|" + Text(text::kBonusText));
   form.Text3.set_text("Moje Bonusovka");
   EXPECT_EQ(Utf8(desk.Help(form.Command3)),
-            Utf8(Text(133) + "|" + Text(134)) + "\r\nKomnata 'Moje Bonusovka' je bonusová.");
+            Utf8(Text(text::kBonusTitle) + "|" + Text(text::kBonusText)) + "\r\nKomnata 'Moje Bonusovka' je bonusová.");
   form.Text6.set_text("77");
-  EXPECT_EQ(desk.Help(form.Command4), Text(136) + "|" + Text(137) + " 5") << "of the grid";
-  EXPECT_EQ(desk.Help(form.Command5), Text(138) + "|" + Text(139));
-  EXPECT_EQ(desk.Help(form.Command6), Text(140) + "|" + Text(141));
+  EXPECT_EQ(desk.Help(form.Command4), Text(text::kCountGemsTitle) + "|" + Text(text::kCountGemsText) + " 5")
+      << "of the grid";
+  EXPECT_EQ(desk.Help(form.Command5), Text(text::kTimeTitle) + "|" + Text(text::kTimeText));
+  EXPECT_EQ(desk.Help(form.Command6), Text(text::kMagicTitle) + "|" + Text(text::kMagicText));
 }
 
 TEST(PropertiesTest, HelpReckonsWithTheFieldsAsTheyStand) {
@@ -267,15 +270,15 @@ TEST(PropertiesTest, HelpReckonsWithTheFieldsAsTheyStand) {
   for (int x = 1; x < 18; ++x) cave.Cell(x, 5) = 'A';
   Properties desk(cave);
   FrmFormality& form = desk.form;
-  const std::pair<const char*, std::string> slime[] = {{"", " 0?|" + Text(144)},
-                                                       {"0", " 0?|" + Text(144)},
-                                                       {"1", " 1?|" + Text(143) + " 1:127."},
-                                                       {"7", " 7?|" + Text(143) + " 1:1."},
-                                                       {"8", " 8?|" + Text(145)},
+  const std::pair<const char*, std::string> slime[] = {{"", " 0?|" + Text(text::kSlimeNever)},
+                                                       {"0", " 0?|" + Text(text::kSlimeNever)},
+                                                       {"1", " 1?|" + Text(text::kSlimeOdds) + " 1:127."},
+                                                       {"7", " 7?|" + Text(text::kSlimeOdds) + " 1:1."},
+                                                       {"8", " 8?|" + Text(text::kSlimeAlways)},
                                                        {"9", " 9?|:-)"}};
   for (const auto& [value, text] : slime) {
     form.Text11.set_text(value);
-    EXPECT_EQ(desk.Help(form.Command7), Text(142) + text);
+    EXPECT_EQ(desk.Help(form.Command7), Text(text::kSlimeTitle) + text);
   }
 
   const auto stone = [&](const char* width, const char* height, const char* time) {

@@ -14,7 +14,9 @@
 #include "cave/cave_text.h"
 #include "cave/scramble.h"
 #include "cave/set_file.h"
-#include "desk.h"
+#include "kit/desk.h"
+#include "kit/key_names.h"
+#include "kit/scenario.h"
 #include "platform/file_dialog.h"
 #include "platform/keys.h"
 
@@ -25,32 +27,14 @@ using ::testing::IsEmpty;
 
 namespace {
 
-constexpr int kF3 = kF1 + 2;
-constexpr int kF4 = kF1 + 3;
-constexpr int kF5 = kF1 + 4;
-constexpr int kF6 = kF1 + 5;
-constexpr int kF8 = kF1 + 7;
-
-std::string CaveOf(const std::string& name) {
-  CaveRecord cave = ParseCaveText(CaveTemplate(NewCave::kSmall));
-  cave.Name = name;
-  return BuildCaveText(cave);
-}
-
-EditedSet SetOf(const std::vector<std::string>& caves) {
-  EditedSet set;
-  set.Name = "Sada";
-  set.Author = "Eva";
-  set.Mail = "eva@jeskyne.cz";
-  set.Description = "Popis\r\nsady";
-  for (const std::string& cave : caves) set.KomText[++set.PocetK] = CaveOf(cave);
-  set.Gratulace = "Vyhra\r\n$P";
-  return set;
-}
+std::string CaveOf(const std::string& name) { return BuildCaveText(WonByOneStep(name)); }
 
 /// The set editor as it is opened from the start screen. Its file dialogs answer with `file`.
-struct Editor : EditorDesk {
-  explicit Editor(const std::string& language = "cestina.zbl") : EditorDesk(language) {
+struct Editor : Desk {
+  Editor() {
+    AddPlayer("Karel");
+    Start();
+    OpenEditor();
     SetFileDialogResponder([this](const FileDialog& dialog) {
       asked.push_back(dialog);
       return file;
@@ -72,12 +56,13 @@ struct Editor : EditorDesk {
     user::TapKey('O', kCtrl);
     user::WaitUntil([this] { return user::HasInput(form()); });
   }
-  /// The rows that are shown: number, name, mark.
+  /// The rows that are shown: "*" for the selected one, number, name, mark.
   std::vector<std::string> Rows() {
     std::vector<std::string> rows;
     for (std::size_t i = 1; i <= 99; ++i) {
-      if (form().lblCave[i]->visible())
-        rows.push_back(form().lblNum[i]->caption() + form().lblCave[i]->caption() + form().lblPoc[i]->caption());
+      if (!form().lblCave[i]->visible()) continue;
+      rows.push_back(Utf8((i == form().AktK ? "*" : "") + form().lblNum[i]->caption() + form().lblCave[i]->caption() +
+                          form().lblPoc[i]->caption()));
     }
     return rows;
   }
@@ -95,6 +80,91 @@ struct Editor : EditorDesk {
   std::vector<FileDialog> asked;
 };
 
+// ---------------------------------------------------------------------------------------------------------- The rows
+
+/// Steps: set CAVE..., many N (caves of one name), unchanged; name, author, mail, about TEXT; row, flag, double N; keys
+/// KEY...; add 1 or 2 (the menu's item); back (from the cave editor); box ANSWER..., real (the box is answered by the
+/// next keys); count (the state tells numbers alone).
+class SetWorld : public scenario::World {
+ public:
+  void Do(const std::vector<std::string>& words) override {
+    FrmSada& form = editor_.form();
+    const std::string& verb = words[0];
+    const auto row = [&] { return std::stoul(words.at(1)); };
+    count_ = verb == "count";
+    if (verb == "set") {
+      editor_.Open({words.begin() + 1, words.end()});
+    } else if (verb == "many") {
+      editor_.Open(std::vector<std::string>(row(), "A"));
+    } else if (verb == "unchanged") {
+      form.Chg.set_value(0);
+    } else if (verb == "name" || verb == "author" || verb == "mail" || verb == "about") {
+      TextBox& field = verb == "name"     ? form.Text3
+                       : verb == "author" ? form.Text1
+                       : verb == "mail"   ? form.Text2
+                                          : form.Text4;
+      field.SetFocus();
+      user::Type(words.at(1));
+    } else if (verb == "row") {
+      user::Click(*form.lblCave.at(row()));
+      form.List1.SetFocus();
+    } else if (verb == "flag") {
+      user::Click(*form.lblPoc.at(row()));
+    } else if (verb == "double") {
+      user::DoubleClick(*form.lblCave.at(row()), 40, 10);
+    } else if (verb == "add") {
+      form.mnuAdd.at(row() - 1).Click();
+    } else if (verb == "back") {
+      editor_.program->frmMain.Close();
+      user::WaitUntil([&] { return user::HasInput(form); });
+    } else if (verb == "box") {
+      boxes_.reset();
+      boxes_ = std::make_unique<Boxes>(std::vector<BoxAnswer>{words.at(1) == "Yes" ? BoxAnswer::kYes : BoxAnswer::kNo});
+    } else if (verb == "real") {
+      boxes_.reset();
+    } else if (verb == "keys") {
+      for (std::size_t i = 1; i < words.size(); ++i) Keys(words, i);
+    } else if (!count_ && verb != "state") {
+      throw std::runtime_error("there is no step " + verb);
+    }
+  }
+
+  std::string State() override {
+    const FrmSada& form = editor_.form();
+    std::string state = editor_.Changed() == 0 ? "same" : "changed";
+    if (count_) {
+      state += " " + std::to_string(form.PocetK) + " caves, " + std::to_string(form.AktK) + " selected";
+    } else {
+      for (const std::string& row : editor_.Rows()) state += " " + row;
+      if (boxes_) {
+        for (const std::string& text : boxes_->texts) state += " [" + text + "]";
+      }
+    }
+    if (boxes_) boxes_->texts.clear();
+    return state;
+  }
+
+ private:
+  /// A key, and when it opens a real box the next one inside.
+  void Keys(const std::vector<std::string>& words, std::size_t& i) {
+    if (!boxes_ && i + 1 < words.size()) {
+      const std::string answer = words[i + 1];
+      user::WhenFront([answer] { Strike(answer); });
+      Strike(words[i++]);
+    } else {
+      Strike(words[i]);
+    }
+  }
+
+  Editor editor_;
+  std::unique_ptr<Boxes> boxes_ = std::make_unique<Boxes>();
+  bool count_ = false;
+};
+
+TEST(SetEditor, Scenarios) {
+  scenario::Run("set_editor", [] { return std::make_unique<SetWorld>(); });
+}
+
 // ------------------------------------------------------------------------------------------------------- The new set
 
 TEST(SetEditor, BeginsANewSetOfOneSmallCave) {
@@ -102,30 +172,15 @@ TEST(SetEditor, BeginsANewSetOfOneSmallCave) {
   FrmSada& form = editor.form();
   EXPECT_FALSE(editor.program->frmStart2.visible());
   EXPECT_EQ(Utf8(form.caption()), "Zorbíkův editor sady komnat");
-  EXPECT_EQ(form.Text3.text() + form.Text1.text() + form.Text2.text(), LangStr[52] + "@");
-  EXPECT_EQ(form.Text4.text(), LangStr[53]);
-  EXPECT_EQ(form.Gratulace, LangStr[54]);
-  EXPECT_THAT(editor.Rows(), ElementsAre("01" + LangStr[26] + "P"));
+  EXPECT_EQ(form.Text3.text() + form.Text1.text() + form.Text2.text(), LangStr[text::kNewSetName] + "@");
+  EXPECT_EQ(form.Text4.text() + form.Gratulace, LangStr[text::kNewDescription] + LangStr[text::kNewCongratulation]);
   EXPECT_EQ(form.KomText[1], CaveTemplate(NewCave::kSmall));
-  EXPECT_FALSE(form.lblPoc[1]->enabled()) << "the first cave is always a start point";
-  EXPECT_EQ(editor.Changed(), 0);
   EXPECT_FALSE(form.VScroll1.enabled());
-
-  user::TapKey('N', kCtrl);
-  form.Text3.SetFocus();
-  user::Type("A");
-  EXPECT_EQ(editor.Changed(), 1);
   form.Soubor = "x";
   form.txtBody.SetFocus();
-  user::TapKey('N', kCtrl);
-  EXPECT_EQ(form.Text3.text() + form.Soubor, LangStr[52]) << "gone without a question";
-  EXPECT_EQ(editor.Changed(), 0);
-  for (TextBox* box : {&form.Text1, &form.Text2, &form.Text3, &form.Text4}) {
-    form.Chg.set_value(0);
-    box->SetFocus();
-    user::Type("b");
-    EXPECT_EQ(editor.Changed(), 1);
-  }
+  Strike("Ctrl+N");
+  EXPECT_EQ(form.Soubor, "");
+  EXPECT_EQ(editor.Changed(), 0) << "though the points were left";
 }
 
 TEST(SetEditor, WritesPointsWithFiveDigitsAndCountsAVisitAsAChange) {
@@ -149,144 +204,45 @@ TEST(SetEditor, WritesPointsWithFiveDigitsAndCountsAVisitAsAChange) {
 
 // ---------------------------------------------------------------------------------------------------------- The caves
 
-TEST(SetEditor, AddsInFrontOfTheSelectedCaveWhichLeavesItsFlagOnBoth) {
-  Editor editor;
-  editor.Open({"A", "B", "C"});
-  FrmSada& form = editor.form();
-  EXPECT_EQ(editor.Changed(), 0);
-  user::Click(*form.lblPoc[2]);
-  EXPECT_EQ(editor.Changed(), 0) << "a flag alone is no change";
-  user::Click(*form.lblCave[2]);
-  user::TapKey(kF3);
-  EXPECT_EQ(editor.Changed(), 1);
-  EXPECT_THAT(editor.Rows(), ElementsAre("01AP", "02" + LangStr[26] + "P", "03BP", "04C"));
-  EXPECT_EQ(form.AktK, 2);
-  form.mnuAdd[1].Click();
-  EXPECT_EQ(form.KomText[2], CaveTemplate(NewCave::kBig));
-  user::Click(*form.lblPoc[2]);
-  EXPECT_THAT(editor.Rows(), ElementsAre("01AP", "02" + LangStr[27], "03" + LangStr[26] + "P", "04BP", "05C"));
-  user::Click(*form.lblPoc[1]);
-  EXPECT_TRUE(form.Poc[1]);
-}
-
-TEST(SetEditor, MovesAndDeletes) {
-  Editor editor;
-  editor.Open({"A", "B", "C"});
-  FrmSada& form = editor.form();
-  user::TapKey(kF5);
-  EXPECT_EQ(editor.Changed(), 0) << "the first one cannot move up";
-  user::TapKey(kKeyDown);
-  user::TapKey(kF5);
-  EXPECT_THAT(editor.Rows(), ElementsAre("01BP", "02AP", "03C"))
-      << "first is a start point; the old first one keeps its flag";
-  EXPECT_EQ(form.AktK, 1);
-  EXPECT_EQ(editor.Changed(), 1);
-  user::TapKey(kF6);
-  user::TapKey(kF6);
-  EXPECT_THAT(editor.Rows(), ElementsAre("01AP", "02C", "03BP"));
-  EXPECT_EQ(form.AktK, 3);
-  EXPECT_EQ(editor.Marked(), 3);
-  form.Chg.set_value(0);
-  user::TapKey(kF6);
-  EXPECT_EQ(editor.Changed(), 1) << "though it is the last one";
-
-  form.Chg.set_value(0);
-  Boxes boxes({BoxAnswer::kNo, BoxAnswer::kYes, BoxAnswer::kYes});
-  user::TapKey(kF8);
-  EXPECT_EQ(editor.Changed(), 0);
-  EXPECT_EQ(form.PocetK, 3);
-  user::TapKey(kF8);
-  EXPECT_THAT(editor.Rows(), ElementsAre("01AP", "02C"));
-  EXPECT_EQ(form.AktK, 2) << "the last one";
-  user::TapKey(kKeyUp);
-  user::TapKey(kKeyDelete);
-  EXPECT_THAT(editor.Rows(), ElementsAre("01CP"));
-  user::TapKey(kF8);
-  EXPECT_EQ(form.PocetK, 1);
-  EXPECT_THAT(boxes.texts, ElementsAre(Utf8(LangStr[49] + ": " + LangStr[50] + " 'B' " + LangStr[51]), HasSubstr("'B'"),
-                                       HasSubstr("'A'")));
-}
-
-TEST(SetEditor, PastesWhatWasCopiedAlsoIntoAnotherSet) {
+TEST(SetEditor, TheMenuOffersToPasteWhatWasCopiedAndAFieldPastesText) {
   Editor editor;
   editor.Open({"A", "B"});
   FrmSada& form = editor.form();
   const auto paste_is_there = [&] {
     user::WhenMenuIsOpen([] { user::TapKey(kKeyEscape); });
-    user::TapKey('K', kAlt);
+    Strike("Alt+K");
     form.Show();  // without a desktop nobody has the input behind a menu
     user::WaitUntil([&] { return user::HasInput(form); });
     return form.mnuPaste.enabled();
   };
   EXPECT_FALSE(paste_is_there());
-  user::TapKey(kKeyInsert, kShift);
-  EXPECT_EQ(form.PocetK + editor.Changed(), 2) << "nothing to paste yet";
-  user::TapKey(kKeyDown);
-  user::TapKey(kKeyInsert, kCtrl);
-  EXPECT_EQ(editor.Changed(), 0);
+  Strike("Ctrl+Insert");
   EXPECT_TRUE(paste_is_there());
-  user::TapKey('N', kCtrl);
-  user::TapKey(kKeyInsert, kShift);
-  EXPECT_THAT(editor.Rows(), ElementsAre("01BP", "02" + LangStr[26] + "P"));
-  EXPECT_EQ(editor.Changed(), 1);
   user::SetClipboard("text");
   form.Text1.SetFocus();
-  user::TapKey(kKeyInsert, kShift);
-  EXPECT_EQ(form.Text1.text() + std::to_string(form.PocetK), "text3") << "a field pastes as well";
+  Strike("Shift+Insert");
+  EXPECT_EQ(form.Text1.text() + std::to_string(form.PocetK), "textEva3") << "the cave is pasted as well";
 }
 
-TEST(SetEditor, StopsAtNinetyOneCaves) {
+TEST(SetEditor, ShowsTheSelectedRowAndWhatIsCutShort) {
   Editor editor;
-  editor.Open(std::vector<std::string>(90, "A"));
+  editor.Open(std::vector<std::string>(99, "A"));
   FrmSada& form = editor.form();
-  EXPECT_TRUE(form.VScroll1.enabled());
-  EXPECT_EQ(form.VScroll1.max(), 73);
-  user::TapKey(kF3);
-  EXPECT_EQ(form.PocetK, 91);
-  form.mnuCopy_Click();
-  const auto does_nothing = [&](MenuItem& item) {
-    form.Chg.set_value(0);
-    item.Click();
-    return form.PocetK == 91 && editor.Changed() == 1;
-  };
-  EXPECT_TRUE(does_nothing(form.mnuAdd[0]) && does_nothing(form.mnuPaste));
-
-  editor.Open(std::vector<std::string>(99, "B"));
-  EXPECT_EQ(form.PocetK, 99) << "a file may hold more";
-  Boxes boxes({BoxAnswer::kYes});
-  user::TapKey(kKeyEnd);
-  EXPECT_EQ(form.VScroll1.value(), 82);
-  EXPECT_EQ(form.Picture2.top(), -form.lblCave[83]->top());
-  user::TapKey(kF8);
-  EXPECT_EQ(form.PocetK, 98);
-  EXPECT_EQ(form.AktK, 98);
-}
-
-TEST(SetEditor, ListTakesKeysWheelAndDoubleClicks) {
-  Editor editor;
-  editor.Open(std::vector<std::string>(40, "A"));
-  FrmSada& form = editor.form();
-  const auto row_after = [&](int key) {
-    user::TapKey(key);
+  for (const char* key : {"PageDown", "End", "Up", "PageUp", "Home"}) {
+    Strike(key);
     const int top = form.Picture2.top() + form.lblCave[form.AktK]->top();
-    EXPECT_TRUE(top >= 0 && top + form.lblCave[1]->height() <= form.Picture1.height()) << "the row is seen";
-    return int{form.AktK};
-  };
-  EXPECT_EQ(row_after(kKeyUp), 1);
-  EXPECT_EQ(row_after(kKeyPageDown), 18);
-  EXPECT_EQ(row_after(kKeyEnd), 40);
-  EXPECT_EQ(row_after(kKeyDown), 40);
-  EXPECT_EQ(row_after(kKeyPageUp), 23);
-  user::TapKey(kKeySpace);
-  EXPECT_EQ(form.lblPoc[23]->caption(), std::string(1, LanguageLetter));
-  EXPECT_EQ(row_after(kKeyHome), 1);
-  user::TapKey(kKeySpace);
-  EXPECT_TRUE(form.Poc[1]) << "not the first one's";
+    EXPECT_TRUE(top >= 0 && top + form.lblCave[1]->height() <= form.Picture1.height()) << key;
+    EXPECT_EQ(editor.Marked(), form.AktK);
+  }
+  EXPECT_TRUE(form.VScroll1.enabled() && form.VScroll1.max() == 82);
   user::TurnWheel(*form.lblCave[3], -2);
   EXPECT_EQ(form.VScroll1.value(), 2);
+  EXPECT_EQ(form.Picture2.top(), -form.lblCave[3]->top());
 
   const std::string long_name(kLargestSmallNumber, 'm');
-  form.SetKKKtoK(CaveOf(long_name));
+  CaveRecord cave = WonByOneStep(long_name);
+  cave.Description.clear();
+  form.SetKKKtoK(BuildCaveText(cave));
   EXPECT_EQ(form.lblCave[1]->tool_tip() + form.lblCave[2]->tool_tip(), long_name) << "of the one that is cut short";
 }
 
@@ -300,17 +256,11 @@ TEST(SetEditor, HandsACaveToTheCaveEditorAndTakesItBack) {
   user::DoubleClick(*form.lblCave[2], 40, 10);
   ASSERT_TRUE(user::WaitUntil([&] { return user::HasInput(editor.program->frmMain); }));
   EXPECT_FALSE(form.visible() || editor.program->frmLoading.visible());
-  EXPECT_EQ(form.AktK, 2);
-  EXPECT_EQ(editor.Changed(), 1) << "also when the cave comes back untouched";
   editor.program->frmMain.Close();
   ASSERT_TRUE(user::WaitUntil([&] { return user::HasInput(form); }));
   EXPECT_EQ(form.KomText[2], CaveOf("B"));
-  EXPECT_EQ(form.AktK, 2);
   form.SetKKKtoK(CaveOf("D"));
-  EXPECT_THAT(editor.Rows(), ElementsAre("01AP", "02D", "03C"));
-  EXPECT_EQ(editor.Marked(), 2);
-  user::TapKey(kF4);
-  EXPECT_TRUE(editor.program->frmMain.visible());
+  EXPECT_THAT(editor.Rows(), ElementsAre("01AP", "*02D", "03C"));
 }
 
 TEST(SetEditor, WritesTheCongratulationUnlessItIsGivenUpOrEmptied) {
@@ -328,13 +278,13 @@ TEST(SetEditor, WritesTheCongratulationUnlessItIsGivenUpOrEmptied) {
     user::TapKey('G', kCtrl);
     return form.Gratulace;
   };
-  EXPECT_EQ(write([] { user::TapKey(kKeyEscape); }), LangStr[54]);
-  EXPECT_EQ(write([&] { dialog.Close(); }), LangStr[54]);
+  EXPECT_EQ(write([] { user::TapKey(kKeyEscape); }), LangStr[text::kNewCongratulation]);
+  EXPECT_EQ(write([&] { dialog.Close(); }), LangStr[text::kNewCongratulation]);
   EXPECT_EQ(write([&] {
               dialog.Text1.set_text("");
               user::Click(dialog.OKButton);
             }),
-            LangStr[54]);
+            LangStr[text::kNewCongratulation]);
   EXPECT_EQ(editor.Changed(), 0);
   EXPECT_EQ(write([&] { user::Click(dialog.OKButton); }), "Sláva");
   EXPECT_EQ(editor.Changed(), 1);
@@ -354,7 +304,7 @@ TEST(SetEditor, SavesWhatItReadsByteByByte) {
   EXPECT_EQ(form.Soubor, source);
   EXPECT_EQ(editor.Changed(), 0);
   EXPECT_EQ(form.Text4.text(), "Popis\r\nsady");
-  EXPECT_THAT(editor.Rows(), ElementsAre("01AP", "02B", "03CP"));
+  EXPECT_THAT(editor.Rows(), ElementsAre("*01AP", "02B", "03CP"));
   editor.file = CestaKomnaty + "kopie.zb";
   form.mnuSaveAs.Click();
   user::WaitUntil([&] { return user::HasInput(form); });
@@ -362,10 +312,10 @@ TEST(SetEditor, SavesWhatItReadsByteByByte) {
   EXPECT_EQ(ReadSetLines(editor.file).lines, ReadSetLines(source).lines);
   EXPECT_NE(ReadFile(editor.file), ReadFile(source)) << "coded anew";
   ASSERT_EQ(editor.asked.size(), 2u);
-  EXPECT_EQ(editor.asked[0].title + std::to_string(editor.asked[0].flags), LangStr[55] + "4100");
-  EXPECT_EQ(editor.asked[1].title + std::to_string(editor.asked[1].flags), LangStr[57] + "524294");
+  EXPECT_EQ(editor.asked[0].title + std::to_string(editor.asked[0].flags), LangStr[text::kOpenSetTitle] + "4100");
+  EXPECT_EQ(editor.asked[1].title + std::to_string(editor.asked[1].flags), LangStr[text::kSaveSetTitle] + "524294");
   EXPECT_EQ(editor.asked[1].default_extension + editor.asked[1].folder, "*.zb" + CestaKomnaty);
-  EXPECT_EQ(editor.asked[1].filter, FileFilter(LangStr[56] + " (*.zb)", "*.zb"));
+  EXPECT_EQ(editor.asked[1].filter, FileFilter(LangStr[text::kSetFiles] + " (*.zb)", "*.zb"));
 
   form.Text1.set_text("Karel");
   user::TapKey('S', kCtrl);
@@ -387,7 +337,7 @@ TEST(SetEditor, AsksBeforeChangesAreLost) {
   FrmSada& form = editor.form();
   const std::string own = editor.Path("sada.zb");
   const std::string question =
-      Utf8(LangStr[46] + ": ") + "Sada '" + "X" + "' má neuložené změny.\r\nChceš ji teď uložit?";
+      Utf8(LangStr[text::kUnsavedTitle] + ": ") + "Sada '" + "X" + "' má neuložené změny.\r\nChceš ji teď uložit?";
   const auto change = [&] {
     form.Text3.set_text("X");
     form.Chg.set_value(1);
@@ -490,7 +440,7 @@ TEST(SetEditor, LosesNothingWhenAFileIsDamagedOrCannotBeWritten) {
   user::TapKey('S', kCtrl);
   EXPECT_THAT(boxes.texts.front(), HasSubstr("neni/sada.zb"));
   ASSERT_EQ(editor.asked.size(), 1u) << "it may go elsewhere";
-  EXPECT_EQ(editor.asked[0].title + editor.asked[0].name, LangStr[57] + "Sada");
+  EXPECT_EQ(editor.asked[0].title + editor.asked[0].name, LangStr[text::kSaveSetTitle] + "Sada");
   EXPECT_EQ(editor.Changed(), 0) << "where it can be written";
   form.Chg.set_value(1);
   form.Soubor = own;
@@ -514,9 +464,11 @@ TEST(SetEditor, TellsALaterFormatAndBeginsANewSet) {
   });
   editor.OpenFile();
   SetBoxResponder({});
-  EXPECT_EQ(shown, LangStr[44] + LangStr[43] + LangStr[45] + LangStr[45] + LangStr[45] + LangStr[45]);
-  EXPECT_EQ(form.Text3.text(), LangStr[52]);
-  EXPECT_THAT(editor.Rows(), ElementsAre("01" + LangStr[26] + "P"));
+  EXPECT_EQ(shown, LangStr[text::kLaterFormatTitle] + LangStr[text::kLaterFormat] + LangStr[text::kLaterFormatText] +
+                       LangStr[text::kLaterFormatText] + LangStr[text::kLaterFormatText] +
+                       LangStr[text::kLaterFormatText]);
+  EXPECT_EQ(form.Text3.text(), LangStr[text::kNewSetName]);
+  EXPECT_THAT(editor.Rows(), ElementsAre("*01MalouP"));
   EXPECT_EQ(form.Soubor, editor.file) << "the path stays with the new set";
   EXPECT_EQ(editor.Changed(), 0);
 }
@@ -528,7 +480,7 @@ TEST(SetEditor, LeavesCavesWhoseNumbersAFileLeavesOut) {
   editor.file = editor.Path("mezery.zb");
   WriteSetLines(editor.file, {"BXAD", "BX", "0", CaveOf("Z") + "---04", CaveOf("X") + "---01", "Vyhra"});
   editor.OpenFile();
-  EXPECT_THAT(editor.Rows(), ElementsAre("01XP", "02B", "03C", "04ZP"));
+  EXPECT_THAT(editor.Rows(), ElementsAre("*01XP", "02B", "03C", "04ZP"));
   EXPECT_EQ(form.Gratulace, "Vyhra");
 }
 

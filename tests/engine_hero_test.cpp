@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "cave_notation.h"
-#include "fault_check.h"
+#include "kit/fault_check.h"
 
 TEST(EngineHero, WalksDigsAndCollects) {
   Check({

@@ -83,8 +83,8 @@ TEST(EngineSetup, StartNamesTheNumberOfHeroes) {
       {"1", "89"}, {"1..4", "a 4 b"}, {"1.5", "c 5 d"}, {"2", "a 2 b"}, {"...", "a 0 b"}};
   for (const auto& [rows, message] : cases) {
     Play play(rows);
-    LangStr[90] = "a 2-4 b";
-    LangStr[91] = "c 5-9 d";
+    LangStr[text::kStartFewHeroes] = "a 2-4 b";
+    LangStr[text::kStartManyHeroes] = "c 5-9 d";
     play.game.Command1_Click();
     EXPECT_EQ(play.Took("say"), message + std::string(":white"));
   }

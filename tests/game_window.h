@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "campaign/frm_settings.h"
-#include "cave/cave_text.h"
+#include "kit/caves.h"
 #include "platform/application.h"
 #include "platform/testing.h"
 #include "view/form_hra.h"
@@ -12,39 +12,10 @@
 inline const std::string kData = ZORBIK_PROGRAM_DATA;
 inline const std::string kPictures = kData + "/pictures";
 
-/// A cave from rows with "/" between them, in the characters of cave text.
-inline CaveRecord Cave(std::string_view rows) {
-  CaveRecord record;
-  record.Name = "Doupe";
-  record.Time = 150;
-  record.Need = 9;
-  record.PointsBefore = 5;
-  record.PointsAfter = 20;
-  record.MagicTime = 1;
-  record.AmoebaTime = 100;
-  record.Tint = 2;
-  int x = 0;
-  for (const char c : rows) {
-    if (c == '/') {
-      ++record.Height;
-      x = 0;
-    } else {
-      record.Cell(x++, record.Height) = c;
-      record.Width = static_cast<std::uint8_t>(x);
-    }
-  }
-  ++record.Height;
-  return record;
-}
-
 /// A cave of nothing but dirt, with a hero at (x, y).
 inline CaveRecord DirtCave(int width, int height, int x, int y) {
-  CaveRecord record = Cave(";");
-  record.Width = static_cast<std::uint8_t>(width);
-  record.Height = static_cast<std::uint8_t>(height);
-  for (int row = 0; row < height; ++row) {
-    for (int column = 0; column < width; ++column) record.Cell(column, row) = ';';
-  }
+  CaveRecord record = Filled(width, height, ';');
+  record.Need = 9;
   record.Cell(x, y) = '1';
   return record;
 }

@@ -17,10 +17,10 @@
 #include "base/text.h"
 #include "base/web_hosts.h"
 #include "cave/tiles.h"
+#include "kit/run_program.h"
+#include "kit/temp_folder.h"
 #include "platform/links.h"
-#include "run_program.h"
 #include "shell/help_menu.h"
-#include "temp_folder.h"
 
 namespace {
 

@@ -16,10 +16,10 @@
 #include "engine/recording.h"
 #include "engine/replay.h"
 #include "game_window.h"
+#include "kit/temp_folder.h"
 #include "platform/joystick.h"
 #include "platform/keys.h"
 #include "platform/testing_joystick.h"
-#include "temp_folder.h"
 
 using namespace platform;
 using ::testing::ElementsAre;
@@ -411,13 +411,3 @@ TEST_F(JoystickGameTest, AWinIsRecordedAndReplaysTheSame) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  user::UseOffscreen();
-  testing::InitGoogleTest(&argc, argv);
-  Application application(argc, argv, "Zorbik");
-  NactiJazyk(kData + "/cestina.zbl");
-  Form other;  // with no window on the screen the program would end
-  other.Show();
-  return RUN_ALL_TESTS();
-}

@@ -85,7 +85,7 @@ class LanguageTest : public testing::Test {
  private:
   static bool Register() {
     OnSetLFont([] { steps.emplace_back("font"); });
-    OnSetLW([] { steps.emplace_back("first " + LangStr[0] + HeroName.substr(0, 1)); });
+    OnSetLW([] { steps.emplace_back("first " + LangStr[text::kPlay] + HeroName.substr(0, 1)); });
     OnSetLW([] { steps.emplace_back("second"); });
     return true;
   }
@@ -155,7 +155,7 @@ TEST_F(LanguageTest, NumberSelectsTheHeroAndHisSurroundings) {
 TEST_F(LanguageTest, UnknownNumberChangesTheTextsAlone) {
   const std::string path = Write(FileBytes("4"));
   NactiJazyk(path);
-  EXPECT_EQ(LangStr[199], "row 199");
+  EXPECT_EQ(LangStr[text::kTranslationText], "row 199");
   EXPECT_EQ(HeroName, "");
   EXPECT_THAT(steps, ElementsAre("first row 0", "second", "font")) << "no name yet counts as not Latin";
   NactiJazyk(Write(FileBytes("1")));
@@ -179,7 +179,7 @@ TEST_F(LanguageTest, ShortFileChangesNothing) {
   NactiJazyk(Write(FileBytes("1")));
   steps.clear();
   EXPECT_THROW(NactiJazyk(Write(FileBytes("2", 150))), Fault);
-  EXPECT_EQ(LangStr[199], "row 199");
+  EXPECT_EQ(LangStr[text::kTranslationText], "row 199");
   EXPECT_EQ(HeroName, "Zorb\xEDk");
   EXPECT_THAT(steps, IsEmpty());
 }

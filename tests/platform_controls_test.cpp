@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/code_page.h"
+#include "kit/temp_folder.h"
 #include "platform/application.h"
 #include "platform/controls.h"
 #include "platform/file_dialog.h"
@@ -23,7 +24,6 @@
 #include "platform/text_box.h"
 #include "platform/window_shape.h"
 #include "shown_form.h"
-#include "temp_folder.h"
 
 using namespace platform;
 using ::testing::ElementsAre;

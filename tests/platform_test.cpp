@@ -9,7 +9,8 @@
 
 #include "base/code_page.h"
 #include "base/fault.h"
-#include "fault_check.h"
+#include "kit/fault_check.h"
+#include "kit/temp_folder.h"
 #include "platform/application.h"
 #include "platform/controls.h"
 #include "platform/form.h"
@@ -18,7 +19,6 @@
 #include "platform/testing.h"
 #include "platform/timer.h"
 #include "shown_form.h"
-#include "temp_folder.h"
 
 using namespace platform;
 using ::testing::ElementsAre;

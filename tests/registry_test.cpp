@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "base/files.h"
+#include "kit/temp_folder.h"
 #include "platform/links.h"
-#include "temp_folder.h"
 
 using namespace platform;
 using namespace platform::Registr;

@@ -14,8 +14,8 @@
 #include "cave/cave_text.h"
 #include "cave/scramble.h"
 #include "cave_checks.h"
-#include "fault_check.h"
-#include "temp_folder.h"
+#include "kit/fault_check.h"
+#include "kit/temp_folder.h"
 
 namespace {
 
@@ -161,7 +161,7 @@ TEST_F(SetFile, ACongratulationThatLooksLikeACave) {
 }
 
 TEST_F(SetFile, FormatMarks) {
-  LangStr[45] = "???";
+  LangStr[text::kLaterFormatText] = "???";
   SetLines file = SetOf({Cave("a") + "---01", "x"}, "AC");
   file.lines[2] = "mailQ";
   edited_.PocetK = 9;

@@ -23,11 +23,11 @@
 #include <vector>
 
 #include "base/files.h"
+#include "kit/temp_folder.h"
 #include "platform/application.h"
 #include "platform/samples.h"
 #include "platform/testing.h"
 #include "platform/voice.h"
-#include "temp_folder.h"
 #include "view/form_hra.h"
 #include "view/sounds.h"
 

@@ -13,33 +13,17 @@
 #include "base/language.h"
 #include "cave/set_file.h"
 #include "game_window.h"
+#include "kit/boxes.h"
+#include "kit/temp_folder.h"
 #include "platform/cramped.h"
 #include "platform/keys.h"
 #include "platform/message_box.h"
-#include "temp_folder.h"
 
 using namespace platform;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 namespace {
-
-/// Answers boxes while it exists and keeps what they said.
-class Boxes {
- public:
-  explicit Boxes(std::function<void()> meanwhile = {}) {
-    SetBoxResponder([this, meanwhile = std::move(meanwhile)](const MessageBox& box) {
-      texts.push_back(box.title + ": " + box.text);
-      if (meanwhile) meanwhile();
-      return BoxAnswer::kOk;
-    });
-  }
-  ~Boxes() { SetBoxResponder({}); }
-  Boxes(const Boxes&) = delete;
-  Boxes& operator=(const Boxes&) = delete;
-
-  std::vector<std::string> texts;
-};
 
 // ----------------------------------------------------------------------------------------------- Opening and starting
 
@@ -219,7 +203,8 @@ TEST(GameKeysTest, PauseBoxStopsTheGameAndForgetsKeys) {
   user::TapKey('P');
   game.form.game.hooks->idlePause();
   EXPECT_FALSE(Held('P')) << "what goes on with the game does not pause it again";
-  EXPECT_THAT(boxes.texts, ElementsAre(HeroName + ": " + LangStr[97], LangStr[98] + ": " + LangStr[100]));
+  EXPECT_THAT(boxes.texts, ElementsAre(Utf8(HeroName + ": " + LangStr[text::kPauseText]),
+                                       Utf8(LangStr[text::kIdlePauseTitle] + ": " + LangStr[text::kIdlePauseText])));
 }
 
 TEST(GameViewTest, TheLastTenSecondsStandOut) {
@@ -367,7 +352,7 @@ TEST(GameFormTest, SettingsStopTheTickAndSetItsInterval) {
 TEST(GameFormTest, MessagesAreCentredAndGoByThemselves) {
   Game game(DirtCave(19, 11, 5, 5));
   game.Start();
-  EXPECT_EQ(game.form.Message1.caption(), LangStr[89]);
+  EXPECT_EQ(game.form.Message1.caption(), LangStr[text::kStartOneHero]);
   for (const char* text : {"short", "a message of some more words than that"}) {
     game.form.ShowMessage(text, 0x0080FF);
     EXPECT_EQ(game.form.Message1.width(), game.form.Message1.text_width());
@@ -406,7 +391,7 @@ TEST(GameFormTest, AnOpeningExitFlashesOverTheWholeWindow) {
   EXPECT_GE(user::PaintedPixels(), view.width() * view.height()) << "painted within the tick";
   EXPECT_FALSE(game.form.pctBlesk.visible());
   EXPECT_EQ(game.form.lblBz1.caption(), "20");
-  EXPECT_EQ(game.form.Message1.caption(), LangStr[105]);
+  EXPECT_EQ(game.form.Message1.caption(), LangStr[text::kExitOpens]);
   user::Wait(20);
   user::PaintedPixels();
   game.Tick();
@@ -469,16 +454,3 @@ INSTANTIATE_TEST_SUITE_P(Languages, GameTextTest, ::testing::Values("cestina.zbl
 }  // namespace
 
 /// "small" as the only argument gives a screen of 800 x 600.
-int main(int argc, char** argv) {
-  ::testing::InitGoogleTest(&argc, argv);
-  if (argc > 1 && std::strcmp(argv[1], "small") == 0) {
-    user::UseOffscreen(800, 600);
-  } else {
-    user::UseOffscreen();
-  }
-  Application application(argc, argv, "Zorbik");
-  NactiJazyk(kData + "/cestina.zbl");
-  Form other;  // with no window on the screen the program would end
-  other.Show();
-  return RUN_ALL_TESTS();
-}

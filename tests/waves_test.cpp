@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "base/files.h"
-#include "fault_check.h"
+#include "kit/fault_check.h"
 #include "loudness.h"
 #include "recipes.h"
 #include "synth.h"

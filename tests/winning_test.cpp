@@ -15,9 +15,9 @@
 #include "engine/recording.h"
 #include "engine/replay.h"
 #include "game_window.h"
+#include "kit/temp_folder.h"
 #include "platform/keys.h"
 #include "platform/message_box.h"
-#include "temp_folder.h"
 #include "view/form_analyze.h"
 
 using namespace platform;
@@ -41,7 +41,7 @@ class WinningTest : public testing::Test {
   explicit WinningTest(const std::string& name = "Chodba") : game(WinnableCave(name)) {
     CestaHraci = folder.path();
     std::filesystem::create_directories(folder.Path("Eva"));
-    LangStr[107] = "Not yours:";
+    LangStr[text::kForeignReplay] = "Not yours:";
     game.form.frmAnalyze = &analyze;
     game.form.SetName = "Sada: 1";
     game.form.PlayerName = "Eva";
@@ -262,12 +262,3 @@ TEST_F(WinningTest, TellsFileAndLineOfADamagedRecord) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  user::UseOffscreen();
-  testing::InitGoogleTest(&argc, argv);
-  Application application(argc, argv, "Zorbik");
-  Form other;  // with no window on the screen the program would end
-  other.Show();
-  return RUN_ALL_TESTS();
-}

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "base/files.h"
-#include "run_program.h"
-#include "temp_folder.h"
+#include "kit/run_program.h"
+#include "kit/temp_folder.h"
 
 namespace {
 

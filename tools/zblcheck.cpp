@@ -1,20 +1,15 @@
 // Looks for mistakes in language files.
 
-#include <cstdio>
 #include <iostream>
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include "base/fault.h"
 #include "base/files.h"
-#include "base/tool.h"
+#include "tools/command_line.h"
 #include "zbl_rules.h"
 
 namespace {
-
-constexpr const char* kUsage =
-    "zblcheck FILE.zbl...    look for mistakes in language files\n"
-    "Ends with 0 when there are none, 1 when there are, 2 when it was called wrongly.\n";
 
 /// True when the file has no mistakes; tells them otherwise.
 bool Check(const std::string& path) {
@@ -28,22 +23,15 @@ bool Check(const std::string& path) {
   }
 }
 
-int Run(int count, char** words) {
-  if (count == 2 && std::string_view(words[1]) == "--help") {
-    std::fputs(kUsage, stdout);
-    return 0;
-  }
-  if (count < 2) {
-    std::fputs(kUsage, stderr);
-    return 2;
-  }
-  bool clean = true;
-  for (int i = 1; i < count; ++i) clean = Check(words[i]) && clean;
-  return clean ? 0 : 1;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
-  return RunTool("zblcheck", [&] { return Run(argc, argv); });
+  CLI::App app("Looks for mistakes in language files. Ends with 0 when there are none, 1 when there are.", "zblcheck");
+  std::vector<std::string> files;
+  app.add_option("FILE.zbl", files)->required();
+  return RunCommand(app, argc, argv, [&] {
+    bool clean = true;
+    for (const std::string& file : files) clean = Check(file) && clean;
+    return clean ? 0 : 1;
+  });
 }

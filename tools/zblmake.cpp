@@ -1,44 +1,28 @@
 // Makes a language file from its readable source, or renews the notes in the source.
 
-#include <cstdio>
 #include <string>
-#include <string_view>
+#include <vector>
 
-#include "base/fault.h"
 #include "base/files.h"
-#include "base/tool.h"
+#include "tools/command_line.h"
 #include "zbl_source.h"
 
-namespace {
-
-constexpr const char* kUsage =
-    "zblmake SOURCE FILE.zbl      make a language file from its source\n"
-    "zblmake --annotate SOURCE    renew the notes above the rows of a source\n";
-
-int Run(int count, char** words) {
-  const std::string_view first = count > 1 ? words[1] : "";
-  if (count == 2 && first == "--help") {
-    std::fputs(kUsage, stdout);
-    return 0;
-  }
-  if (count != 3) {
-    std::fputs(kUsage, stderr);
-    return 2;
-  }
-  const std::string source = first == "--annotate" ? words[2] : words[1];
-  if (first == "--annotate") {
-    WriteFile(source, Annotated(ReadFile(source)));
-  } else if (IsSameFile(source, words[2])) {
-    std::fprintf(stderr, "zblmake: both names lead to the same file\n\n%s", kUsage);
-    return 2;
-  } else {
-    WriteFile(words[2], BytesOfSource(ReadFile(source), source));
-  }
-  return 0;
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
-  return RunTool("zblmake", [&] { return Run(argc, argv); });
+  CLI::App app("Makes a language file from its source.", "zblmake");
+  bool annotate = false;
+  std::vector<std::string> files;
+  app.add_flag("--annotate", annotate, "renew the notes above the rows of the source instead");
+  app.add_option("FILE", files, "SOURCE FILE.zbl, or with --annotate SOURCE")->required()->expected(1, 2);
+  return RunCommand(app, argc, argv, [&] {
+    if (files.size() != (annotate ? 1U : 2U))
+      throw WrongUse(annotate ? "one source is needed" : "two files are needed");
+    if (annotate) {
+      WriteFile(files[0], Annotated(ReadFile(files[0])));
+    } else if (IsSameFile(files[0], files[1])) {
+      throw WrongUse("both names lead to the same file");
+    } else {
+      WriteFile(files[1], BytesOfSource(ReadFile(files[0]), files[0]));
+    }
+    return 0;
+  });
 }

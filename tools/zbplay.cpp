@@ -1,10 +1,8 @@
 // zbplay: plays a cave of a set without a screen, by a script, and shows it as text.
 
-#include <getopt.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <charconv>
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
@@ -22,11 +20,11 @@
 #include "base/fault.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "base/tool.h"
 #include "base/utf8.h"
 #include "cave/names.h"
 #include "cave/set_file.h"
 #include "engine/recording.h"
+#include "tools/command_line.h"
 #include "tools/script_player.h"
 #include "tools/text_picture.h"
 
@@ -34,107 +32,29 @@ namespace {
 
 constexpr int kWon = 0;
 constexpr int kNotWon = 1;
-constexpr int kUsage = 2;
+constexpr int kFailed = 2;
 
 constexpr std::size_t kNameColumns = 26;
 constexpr int kLookTicks = 10;  // a cave without a script runs this long
 constexpr std::chrono::milliseconds kTickOnTerminal{60};
 
-constexpr const char* kUsageText =
-    "Usage: zbplay [OPTIONS] SET.zb                 lists the caves of a set\n"
-    "       zbplay [OPTIONS] SET.zb CAVE [SCRIPT|-] plays one of them and shows how it ends\n";
-
-constexpr const char* kOptionsText =
-    "\n"
-    "Plays the cave with the number CAVE by the script in the file SCRIPT, or on standard input (\"-\"). Without a "
-    "script\n"
-    "the one that is shipped with the set is played, scripts/SET/NN.txt beside it.\n"
-    "\n"
-    "Options:\n"
-    "  --every N    show the cave after every N ticks, 0: only at the end. On a terminal it moves in place, and N is "
-    "1\n"
-    "               unless it is given; otherwise 0\n"
-    "  --ticks N    stop after N ticks\n"
-    "  --seed N     seed of the random numbers of the rules (1)\n"
-    "  --record F   write the records of the caves that are won into the folder F\n"
-    "  --summary    one line a cave and no picture; without CAVE all caves are played\n"
-    "  --help       this text\n"
-    "\n"
-    "The result is 0 when the cave is won, 1 when it is not, 2 when nothing could be played.\n"
-    "\n"
-    "Scripts:\n";
+constexpr const char* kAbout =
+    "Lists the caves of a set, or plays the cave with the number CAVE by the script in the file SCRIPT, or on "
+    "standard\n"
+    "input (\"-\"), and shows how it ends. Without a script the one that is shipped with the set is played,\n"
+    "scripts/SET/NN.txt beside it. The result is 0 when the cave is won, 1 when it is not, 2 when nothing could be "
+    "played.";
 
 struct Options {
   std::string set;
-  std::string cave;
+  int cave = 0;  // 0: the set
   std::string script;
   std::optional<int> every;
   std::optional<int> ticks;
   std::uint64_t seed = 1;
   std::string record;  // folder
   bool summary = false;
-  bool help = false;
 };
-
-/// What cannot be understood of the command line.
-class UsageFault : public Fault {
-  using Fault::Fault;
-};
-
-template <class Number>
-Number ParseNumber(std::string_view text, const std::string& what, Number least) {
-  Number number{};
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size() || number < least) {
-    throw UsageFault(what + " is \"" + std::string(text) + "\"; a whole number from " + std::to_string(least) +
-                     " is needed");
-  }
-  return number;
-}
-
-Options ParseArguments(int argc, char** argv) {
-  static const option kOptions[] = {
-      {"every", required_argument, nullptr, 'e'},
-      {"ticks", required_argument, nullptr, 't'},
-      {"seed", required_argument, nullptr, 's'},
-      {"record", required_argument, nullptr, 'r'},
-      {"summary", no_argument, nullptr, 'y'},
-      {"help", no_argument, nullptr, 'h'},
-      {nullptr, 0, nullptr, 0},
-  };
-  Options options;
-  for (int c = 0; (c = getopt_long(argc, argv, "h", kOptions, nullptr)) != -1;) {
-    switch (c) {
-      case 'e':
-        options.every = ParseNumber(optarg, "--every", 0);
-        break;
-      case 't':
-        options.ticks = ParseNumber(optarg, "--ticks", 0);
-        break;
-      case 's':
-        options.seed = ParseNumber<std::uint64_t>(optarg, "--seed", 0);
-        break;
-      case 'r':
-        options.record = optarg;
-        break;
-      case 'y':
-        options.summary = true;
-        break;
-      case 'h':
-        options.help = true;
-        return options;
-      default:
-        throw UsageFault("");  // getopt has said what is wrong
-    }
-  }
-  const int count = argc - optind;
-  if (count < 1) throw UsageFault("the set is missing");
-  if (count > 3) throw UsageFault("there are more than three names");
-  options.set = argv[optind];
-  if (count > 1) options.cave = argv[optind + 1];
-  if (count > 2) options.script = argv[optind + 2];
-  return options;
-}
 
 /// A text made so many characters long with blanks.
 std::string Padded(const std::string& utf8, std::size_t length) {
@@ -310,12 +230,12 @@ int PlayAll(const Options& options, const PlayedSet& set) {
 int Run(const Options& options) {
   const auto set = std::make_unique<PlayedSet>();
   LoadColl(options.set, *set);
-  if (options.cave.empty()) {
+  if (options.cave == 0) {
     if (options.summary) return PlayAll(options, *set);
     List(*set);
     return kWon;
   }
-  const int cave = ParseNumber(options.cave, "CAVE", 1);
+  const int cave = options.cave;
   if (cave > set->PocetK) {
     throw Fault("The set has no cave " + std::to_string(cave) + "; it has " + std::to_string(set->PocetK) + ".",
                 options.set);
@@ -326,17 +246,21 @@ int Run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const auto body = [&] {
-    try {
-      const Options options = ParseArguments(argc, argv);
-      if (!options.help) return Run(options);
-      std::cout << kUsageText << kOptionsText << kScriptHelp;
-      return kWon;
-    } catch (const UsageFault& fault) {
-      if (*fault.what() != '\0') std::cerr << "zbplay: " << Visible(fault.what()) << ".\n";
-      std::cerr << kUsageText << "\"zbplay --help\" tells more.\n";
-      return kUsage;
-    }
-  };
-  return RunTool("zbplay", body, kUsage);
+  CLI::App app(kAbout, "zbplay");
+  Options options;
+  app.add_option("SET", options.set, "the set, a .zb file")->required();
+  app.add_option("CAVE", options.cave, "a number from 1 on")->check(CLI::Range(1, kHighestCaveNumber));
+  app.add_option("SCRIPT", options.script);
+  app.add_option(
+         "--every", options.every,
+         "show the cave after every so many ticks, 0: only at the end; on a terminal it moves in place, and 1 is "
+         "the default")
+      ->check(CLI::NonNegativeNumber);
+  app.add_option("--ticks", options.ticks, "stop after so many ticks")->check(CLI::NonNegativeNumber);
+  app.add_option("--seed", options.seed, "seed of the random numbers of the rules (1)");
+  app.add_option("--record", options.record, "write the records of the caves that are won into this folder");
+  app.add_flag("--summary", options.summary, "one line a cave and no picture; without CAVE all caves are played");
+  app.footer(std::string("Scripts:\n") + kScriptHelp);
+  return RunCommand(
+      app, argc, argv, [&] { return Run(options); }, kFailed);
 }

@@ -6,49 +6,36 @@
 #include <atomic>
 #include <cstdio>
 #include <filesystem>
-#include <iostream>
 #include <mutex>
-#include <sstream>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "base/fault.h"
 #include "base/files.h"
-#include "base/tool.h"
 #include "base/utf8.h"
 #include "engine/replay.h"
+#include "tools/command_line.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kUsage =
-    "usage: zbrcheck [--strict] [--json] [--] FILE...\n"
-    "       zbrcheck [--strict] --trace [--dump] [--] FILE\n"
-    "\n"
+constexpr const char* kAbout =
     "Plays record files (.zbr; folders are walked) and prints a verdict on each:\n"
     "  FILE: won SCORE                        the record is good\n"
     "  FILE: won SCORE, record says SCORE2    the score in the file is another\n"
     "  FILE: not won                          the recording ends before the exit\n"
     "  FILE: damaged: REASON                  it cannot be played\n"
     "  FOLDER: no record                      the folder holds none\n"
-    "\n"
-    "  --strict  numbers outside the range that the rules ask for, and rests of lines that\n"
-    "            are no notes, are damage\n"
-    "  --json    one JSON object a file\n"
-    "  --trace   a line after each tick of one file\n"
-    "  --dump    the cave as text after each line of the trace\n"
-    "  --        all that follows are files\n"
-    "\n"
-    "Exit status: 0 all records are good, 1 one is not, 2 wrong usage.\n";
+    "Exit status: 0 all records are good, 1 one is not, 2 wrong usage.";
 
 struct Options {
   bool strict = false;
   bool json = false;
   bool trace = false;
   bool dump = false;
-  bool help = false;
   std::vector<std::string> files;
 };
 
@@ -61,43 +48,6 @@ struct Verdict {
 
   bool good() const { return kind == Kind::kWon; }
 };
-
-[[noreturn]] void WrongUsage(const std::string& what) {
-  std::cerr << "zbrcheck: " << Visible(what) << "\n" << kUsage;
-  std::exit(2);
-}
-
-Options ReadArguments(int argc, char** argv) {
-  Options options;
-  bool filesFollow = false;
-  for (int i = 1; i < argc; ++i) {
-    const std::string argument = argv[i];
-    if (filesFollow) {
-      options.files.push_back(argument);
-    } else if (argument == "--") {
-      filesFollow = true;
-    } else if (argument == "--help") {
-      options.help = true;
-      return options;
-    } else if (argument == "--strict") {
-      options.strict = true;
-    } else if (argument == "--json") {
-      options.json = true;
-    } else if (argument == "--trace") {
-      options.trace = true;
-    } else if (argument == "--dump") {
-      options.dump = true;
-    } else if (argument.size() > 1 && argument[0] == '-') {
-      WrongUsage("unknown option " + argument);
-    } else {
-      options.files.push_back(argument);
-    }
-  }
-  if (options.files.empty()) WrongUsage("no file given");
-  if (options.trace && (options.files.size() != 1 || options.json)) WrongUsage("--trace takes one file and no --json");
-  if (options.dump && !options.trace) WrongUsage("--dump goes with --trace");
-  return options;
-}
 
 /// The record files in a folder and below. A folder that cannot be listed is given back itself, so that it gets a
 /// verdict, too; FilesToCheck does the same with one that holds none.
@@ -176,36 +126,18 @@ std::string Plain(const std::string& file, const Verdict& verdict) {
   return text + "damaged: " + Visible(verdict.reason);
 }
 
-/// A byte of a file's name that is no UTF-8 becomes the code that CodePoints gives it, so that the object stays JSON.
-std::string JsonString(const std::string& text) {
-  std::string quoted = "\"";
-  for (const char32_t c : CodePoints(text)) {
-    if (c == '"' || c == '\\') {
-      quoted += '\\';
-      quoted += static_cast<char>(c);
-    } else if (c < 0x20 || (c >= 0xDC00 && c <= 0xDCFF)) {
-      char code[8];
-      std::snprintf(code, sizeof code, "\\u%04x", static_cast<unsigned>(c));
-      quoted += code;
-    } else {
-      AppendUtf8(quoted, c);
-    }
-  }
-  return quoted + "\"";
-}
-
 std::string Json(const std::string& file, const Verdict& verdict) {
   static constexpr const char* kNames[] = {"won", "other score", "not won", "damaged", "no record"};
-  std::ostringstream text;
-  text << "{\"file\": " << JsonString(file) << ", \"verdict\": \"" << kNames[static_cast<int>(verdict.kind)] << "\"";
+  nlohmann::ordered_json object = {{"file", file}, {"verdict", kNames[static_cast<int>(verdict.kind)]}};
   if (verdict.kind == Verdict::Kind::kDamaged) {
-    text << ", \"reason\": " << JsonString(verdict.reason);
+    object["reason"] = verdict.reason;
   } else if (verdict.kind != Verdict::Kind::kNoRecord) {
-    text << ", \"ticks\": " << verdict.ticks << ", \"recorded score\": " << verdict.recordedScore;
-    if (verdict.kind != Verdict::Kind::kNotWon) text << ", \"score\": " << verdict.score;
+    object["ticks"] = verdict.ticks;
+    object["recorded score"] = verdict.recordedScore;
+    if (verdict.kind != Verdict::Kind::kNotWon) object["score"] = verdict.score;
   }
-  text << "}";
-  return text.str();
+  // A byte of a name that is no UTF-8 becomes U+FFFD, so that the object stays JSON.
+  return object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
 /// Plays the files on all cores. Progress is shown on a terminal.
@@ -286,12 +218,17 @@ int PrintTrace(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  return RunTool("zbrcheck", [&] {
-    const Options options = ReadArguments(argc, argv);
-    if (options.help) {
-      std::cout << kUsage;
-      return 0;
-    }
-    return options.trace ? PrintTrace(options) : PrintVerdicts(options);
+  CLI::App app(kAbout, "zbrcheck");
+  Options options;
+  app.add_flag("--strict", options.strict,
+               "numbers outside the range that the rules ask for, and rests of lines that are no notes, are damage");
+  auto* json = app.add_flag("--json", options.json, "one JSON object a file");
+  auto* trace = app.add_flag("--trace", options.trace, "a line after each tick of one file")->excludes(json);
+  app.add_flag("--dump", options.dump, "the cave as text after each line of the trace")->needs(trace);
+  app.add_option("FILE", options.files, "records, and folders of records")->required();
+  return RunCommand(app, argc, argv, [&] {
+    if (!options.trace) return PrintVerdicts(options);
+    if (options.files.size() != 1) throw WrongUse("--trace takes one file");
+    return PrintTrace(options);
   });
 }

@@ -10,9 +10,9 @@ std::string CaveCaption(std::string_view player, std::string_view cave, CaveMode
   const auto add = [&caption](const std::string& label, std::string_view name) {
     caption += " - " + label + " " + Shortened(name);
   };
-  if (player != kNobody) add(LangStr[92], player);
-  add(LangStr[93], cave);
-  if (mode == CaveMode::kReplay) caption += " - " + LangStr[94];
-  if (mode == CaveMode::kTestPlay) caption += " - " + LangStr[95];
+  if (player != kNobody) add(LangStr[text::kCaptionPlayer], player);
+  add(LangStr[text::kCaptionCave], cave);
+  if (mode == CaveMode::kReplay) caption += " - " + LangStr[text::kCaptionReplay];
+  if (mode == CaveMode::kTestPlay) caption += " - " + LangStr[text::kCaptionTestPlay];
   return caption;
 }

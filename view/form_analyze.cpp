@@ -93,8 +93,8 @@ void FormAnalyze::Command1_Click() {
 }
 
 void FormAnalyze::SetLW() {
-  set_caption(LangStr[65]);
-  for (std::size_t i = 0; i < Label1.size(); ++i) Label1[i].set_caption(LangStr[66 + i]);
+  set_caption(LangStr[text::kScoreTitle]);
+  for (std::size_t i = 0; i < Label1.size(); ++i) Label1[i].set_caption(LangStr[text::kGemsBeforeExit + i]);
   Place();
 }
 

@@ -81,11 +81,11 @@ void FormHra::MakeHooks() {
   hooks_.stopTimer = [this] { StopTick(); };
   hooks_.pause = [this] {
     ShowCounters();
-    ShowPause(LangStr[97], HeroName);
+    ShowPause(LangStr[text::kPauseText], HeroName);
   };
   hooks_.idlePause = [this] {
     ShowCounters();
-    ShowPause(LangStr[100], LangStr[98]);
+    ShowPause(LangStr[text::kIdlePauseText], LangStr[text::kIdlePauseTitle]);
   };
   hooks_.readReplayLine = [this](std::string& line) { return ReadReplayLine(line); };
   hooks_.won = [this] { WinGame(); };

@@ -68,6 +68,7 @@ class FormHra : public platform::Form {
   std::string SetName;        // in the code page of the texts, as are the next two
   std::string PlayerName;
   std::string CaveName;
+  int WinScore = 0;    // of the last win, with the points of a bonus cave
   double TileTw = 50;  // logical pixels of a tile
   double TileTh = 50;
 

@@ -251,12 +251,12 @@ void FormHra::PaintPanels() {
 }
 
 void FormHra::SetLW() {
-  Label1.set_caption(LangStr[85]);
-  Label2.set_caption(LangStr[86]);
-  Label4.set_caption(LangStr[87]);
-  Label7.set_caption(LangStr[88]);
-  Command4.set_caption(LangStr[59]);
-  EndGame.set_caption(LangStr[6]);
+  Label1.set_caption(LangStr[text::kTimeCounter]);
+  Label2.set_caption(LangStr[text::kTakenCounter]);
+  Label4.set_caption(LangStr[text::kNeededCounter]);
+  Label7.set_caption(LangStr[text::kPointsCounter]);
+  Command4.set_caption(LangStr[text::kSettingsTitle]);
+  EndGame.set_caption(LangStr[text::kQuit]);
   if (!pictures_) return;
   PlaceCounters();
   PlaceFooter();

@@ -21,7 +21,8 @@ void FormHra::WinGame() {
   wonInThisTick_ = true;
   const bool bonus = JeBonus(lblName.caption());
   if (frmAnalyze != nullptr) frmAnalyze->ShowSum(game.Sum, bonus);
-  SaveRecord(game.Sum.Score() + (bonus ? kBonusPoints : 0));
+  WinScore = game.Sum.Score() + (bonus ? kBonusPoints : 0);
+  SaveRecord(WinScore);
   if (frmAnalyze == nullptr) return;
   if (!game.PlayingReplay && !game.TestPlay) frmAnalyze->NastavCas(3);
   frmAnalyze->ShowModal();
@@ -71,8 +72,9 @@ void FormHra::StartReplay() {
   Label5.set_caption(Shortened(recording.setName));
   ClearScreen();
   if (recording.player != PlayerName) {
-    platform::ShowMessageBox({LangStr[107] + "\r\n  " + Shortened(recording.player), LangStr[106],
-                              platform::BoxButtons::kOk, platform::BoxIcon::kExclamation});
+    platform::ShowMessageBox({LangStr[text::kForeignReplay] + "\r\n  " + Shortened(recording.player),
+                              LangStr[text::kForeignReplayTitle], platform::BoxButtons::kOk,
+                              platform::BoxIcon::kExclamation});
   }
   game.Score = 0;
   SetName = recording.setName;

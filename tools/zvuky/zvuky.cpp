@@ -4,21 +4,16 @@
 #include <cstdio>
 #include <filesystem>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "base/fault.h"
 #include "base/files.h"
-#include "base/tool.h"
 #include "loudness.h"
 #include "recipes.h"
+#include "tools/command_line.h"
 #include "wave_file.h"
 
 namespace {
-
-constexpr const char* kUsage =
-    "zvuky FOLDER            make all wave files of the game in a folder\n"
-    "zvuky --levels FOLDER   tell length, peak, effective value and loudness of the wave files in a folder\n";
 
 void Make(const std::filesystem::path& folder) {
   std::filesystem::create_directories(folder);
@@ -44,23 +39,16 @@ void PrintLevels(const std::filesystem::path& folder) {
   }
 }
 
-int Run(int count, char** words) {
-  const std::string_view first = count > 1 ? words[1] : "";
-  if (count == 2 && first == "--help") {
-    std::fputs(kUsage, stdout);
-  } else if (count == 2 && !first.starts_with("-")) {
-    Make(words[1]);
-  } else if (count == 3 && first == "--levels") {
-    PrintLevels(words[2]);
-  } else {
-    std::fputs(kUsage, stderr);
-    return 2;
-  }
-  return 0;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
-  return RunTool("zvuky", [&] { return Run(argc, argv); });
+  CLI::App app("Makes all wave files of the game in a folder.", "zvuky");
+  bool levels = false;
+  std::string folder;
+  app.add_flag("--levels", levels, "tell length, peak, effective value and loudness of the wave files there instead");
+  app.add_option("FOLDER", folder)->required();
+  return RunCommand(app, argc, argv, [&] {
+    levels ? PrintLevels(folder) : Make(folder);
+    return 0;
+  });
 }

@@ -1,33 +1,29 @@
 // zblfit: texts of language files that the program's screens cut off.
 
 #include <array>
-#include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "base/code_page.h"
 #include "base/fault.h"
 #include "base/lang_str.h"
 #include "base/language.h"
-#include "base/tool.h"
 #include "own_home.h"
 #include "platform/application.h"
 #include "platform/cramped.h"
 #include "platform/message_box.h"
 #include "platform/testing.h"
-#include "shell/program.h"
+#include "program/program.h"
+#include "tools/command_line.h"
 
 namespace {
 
-constexpr const char* kUsage =
-    "zblfit FILE.zbl...    look for texts of language files that the screens cut off\n"
-    "Ends with 0 when there are none, 1 when there are, 2 when it was called wrongly.\n";
-
 /// Rows that a running cave shows in the panel of its messages.
-constexpr std::array<std::size_t, 9> kMessages = {89, 90, 91, 96, 101, 102, 103, 104, 105};
+constexpr std::array<std::size_t, 9> kMessages = {text::kStartOneHero, text::kStartFewHeroes, text::kStartManyHeroes,
+                                                  text::kMagicStarts,  text::kAmoebaToGems,   text::kAmoebaToRocks,
+                                                  text::kAmoebaFaster, text::kMagicEnds,      text::kExitOpens};
 
 std::string Trimmed(const std::string& text) {
   const std::size_t first = text.find_first_not_of(' ');
@@ -115,18 +111,10 @@ bool Check(const std::string& path) {
   return fit.good();
 }
 
-int Run(const std::vector<std::string>& words) {
-  if (words.size() == 1 && words[0] == "--help") {
-    std::fputs(kUsage, stdout);
-    return 0;
-  }
-  if (words.empty()) {
-    std::fputs(kUsage, stderr);
-    return 2;
-  }
+int CheckAll(const std::vector<std::string>& files) {
   platform::SetBoxResponder([](const platform::MessageBox&) { return platform::BoxAnswer::kOk; });
   bool good = true;
-  for (const std::string& file : words) {
+  for (const std::string& file : files) {
     try {
       good = Check(file) && good;
     } catch (const Fault& fault) {
@@ -140,7 +128,14 @@ int Run(const std::vector<std::string>& words) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  platform::user::UseOffscreen(800, 600);  // the smallest screen that holds the program
-  platform::Application application(argc, argv, "zblfit");
-  return RunTool("zblfit", [&] { return Run(std::vector<std::string>(argv + 1, argv + argc)); });
+  CLI::App app(
+      "Looks for texts of language files that the screens cut off. Ends with 0 when there are none, 1 when there are.",
+      "zblfit");
+  std::vector<std::string> files;
+  app.add_option("FILE.zbl", files)->required();
+  return RunCommand(app, argc, argv, [&] {
+    platform::user::UseOffscreen(800, 600);  // the smallest screen that holds the program
+    platform::Application application(argc, argv, "zblfit");
+    return CheckAll(files);
+  });
 }

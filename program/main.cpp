@@ -6,7 +6,7 @@
 
 #include "campaign/players.h"
 #include "platform/application.h"
-#include "shell/program.h"
+#include "program/program.h"
 
 int main(int argc, char** argv) {
   const std::filesystem::path executable = std::filesystem::read_symlink("/proc/self/exe");

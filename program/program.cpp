@@ -1,4 +1,4 @@
-#include "shell/program.h"
+#include "program/program.h"
 
 #include <utility>
 
@@ -83,6 +83,12 @@ void Program::TieForms() {
     frmSada.Show();
     frmStart2.Hide();
     frmSada.mnuNew_Click();
+  };
+  // The start screen is loaded anew, so that its list of sets is fresh.
+  frmSada.leave = [this] {
+    frmStart2.FrmLoad();
+    frmSada.Hide();
+    frmStart2.Show();
   };
   frmSLang.showStart = [this] { frmStart2.Show(); };
 }

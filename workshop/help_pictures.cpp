@@ -3,7 +3,6 @@
 #include <array>
 #include <charconv>
 #include <filesystem>
-#include <iostream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -11,13 +10,13 @@
 
 #include "base/fault.h"
 #include "base/files.h"
-#include "base/tool.h"
 #include "cave/cave_text.h"
 #include "cave/set_file.h"
 #include "cave/set_text.h"
 #include "engine/hra.h"
 #include "platform/application.h"
 #include "platform/testing.h"
+#include "tools/command_line.h"
 #include "view/cave_painter.h"
 #include "view/tile_pictures.h"
 
@@ -26,12 +25,8 @@ namespace {
 using platform::Picture;
 using platform::Surface;
 
-constexpr const char* kUsage =
-    "Usage: help_pictures PICTURES SCENES.txt OUT\n"
-    "\n"
-    "Draws the tiles, and the scenes of a set in readable form, from the pictures in the folder PICTURES into the "
-    "folder "
-    "OUT.\n"
+constexpr const char* kAbout =
+    "Draws the tiles, and the scenes of a set in readable form, from the pictures in a folder.\n"
     "Each scene becomes a film strip: its frames side by side, the first before the start and one more after each "
     "tick. "
     "Its\n"
@@ -228,16 +223,19 @@ void SaveScenes(const std::string& folder, const std::string& file, const std::s
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 4) {
-    std::cerr << kUsage;
-    return 2;
-  }
-  platform::user::UseOffscreen();
-  platform::Application application(argc, argv, "help_pictures");
-  return RunTool("help_pictures", [&] {
-    std::filesystem::create_directories(argv[3]);
-    SaveTiles(argv[1], argv[3]);
-    SaveScenes(argv[1], argv[2], argv[3]);
+  CLI::App app(kAbout, "help_pictures");
+  std::string pictures;
+  std::string scenes;
+  std::string folder;
+  app.add_option("PICTURES", pictures)->required();
+  app.add_option("SCENES.txt", scenes)->required();
+  app.add_option("OUT", folder)->required();
+  return RunCommand(app, argc, argv, [&] {
+    platform::user::UseOffscreen();
+    platform::Application application(argc, argv, "help_pictures");
+    std::filesystem::create_directories(folder);
+    SaveTiles(pictures, folder);
+    SaveScenes(pictures, scenes, folder);
     return 0;
   });
 }

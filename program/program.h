@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "campaign/forms.h"
 #include "campaign/frm_dialog3.h"
 #include "campaign/frm_post.h"
 #include "campaign/frm_settings.h"
@@ -10,6 +9,7 @@
 #include "editor/frm_formality.h"
 #include "editor/frm_main.h"
 #include "editor/frm_sada.h"
+#include "shell/forms.h"
 #include "shell/frm_about.h"
 #include "shell/frm_dialog2.h"
 #include "shell/frm_loading.h"

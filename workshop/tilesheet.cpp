@@ -1,21 +1,18 @@
 // tilesheet: every picture of the running cave on one sheet, to judge them side by side.
 
-#include <getopt.h>
-
 #include <array>
 #include <cstdlib>
-#include <iostream>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "base/fault.h"
-#include "base/tool.h"
 #include "platform/application.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/testing.h"
+#include "tools/command_line.h"
 #include "view/colours.h"
 #include "view/tile_pictures.h"
 
@@ -23,16 +20,6 @@ namespace {
 
 using platform::Picture;
 using platform::Surface;
-
-constexpr const char* kUsage =
-    "Usage: tilesheet [OPTIONS] OUT.png\n"
-    "\n"
-    "Draws every tile in all its frames, the heroes, the overlays and all tints on one sheet.\n"
-    "\n"
-    "Options:\n"
-    "  --ratio N        device pixels a logical one, 1 to 4 (1)\n"
-    "  --pictures DIR   where the pictures lie\n"
-    "  --help           this text\n";
 
 constexpr int kTile = 50;
 constexpr int kSmall = 26;  // the smallest size at which tiles have to be told apart
@@ -221,30 +208,17 @@ void Draw(const std::string& folder, const std::string& file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  static const std::array<option, 4> kOptions = {{{"ratio", required_argument, nullptr, 'r'},
-                                                  {"pictures", required_argument, nullptr, 'p'},
-                                                  {"help", no_argument, nullptr, 'h'},
-                                                  {nullptr, 0, nullptr, 0}}};
-  std::string ratio = "1";
+  CLI::App app("Draws every tile in every colour on one sheet.", "tilesheet");
+  int ratio = 1;
   std::string folder = ZORBIK_PICTURES;
-  for (int c = 0; (c = getopt_long(argc, argv, "h", kOptions.data(), nullptr)) != -1;) {
-    if (c == 'h') {
-      std::cout << kUsage;
-      return 0;
-    }
-    if (c == 'r') ratio = optarg;
-    if (c == 'p') folder = optarg;
-    if (c == '?') return 2;
-  }
-  if (optind + 1 != argc || ratio.size() != 1 || ratio[0] < '1' || ratio[0] > '4') {
-    std::cerr << kUsage;
-    return 2;
-  }
-  const std::string file = argv[optind];
-  setenv("QT_SCALE_FACTOR", ratio.c_str(), 1);
-  platform::user::UseOffscreen();
-  platform::Application application(argc, argv, "tilesheet");
-  return RunTool("tilesheet", [&] {
+  std::string file;
+  app.add_option("OUT.png", file)->required();
+  app.add_option("--ratio", ratio, "device pixels a logical one")->check(CLI::Range(1, 4));
+  app.add_option("--pictures", folder, "where the pictures lie");
+  return RunCommand(app, argc, argv, [&] {
+    setenv("QT_SCALE_FACTOR", std::to_string(ratio).c_str(), 1);
+    platform::user::UseOffscreen();
+    platform::Application application(argc, argv, "tilesheet");
     Draw(folder, file);
     return 0;
   });

@@ -1,7 +1,6 @@
 // help_windows: pictures of the program's windows for the help, as a player finds them after a few caves.
 
 #include <algorithm>
-#include <iostream>
 #include <string>
 
 #include "base/code_page.h"
@@ -9,7 +8,6 @@
 #include "base/files.h"
 #include "base/folders.h"
 #include "base/language.h"
-#include "base/tool.h"
 #include "campaign/players.h"
 #include "cave/names.h"
 #include "cave/scramble.h"
@@ -18,16 +16,10 @@
 #include "own_home.h"
 #include "platform/application.h"
 #include "platform/testing.h"
-#include "shell/program.h"
+#include "program/program.h"
+#include "tools/command_line.h"
 
 namespace {
-
-constexpr const char* kUsage =
-    "Usage: help_windows LANGUAGE.zbl SET.zb PLAYER PREFIX RECORD.zbr\n"
-    "\n"
-    "Saves pictures of the windows in a language: start, overview, settings, both editors and the properties of a\n"
-    "cave, each with PREFIX before its name. SET.zb is the set for beginners in this language, whose first caves the\n"
-    "player has won. RECORD.zbr is written for a picture of the game: the pack of dogs in that set.\n";
 
 const std::string kSets = ZORBIK_PROGRAM_DATA "/Komnaty/";
 constexpr std::size_t kCavesWon = 5;
@@ -110,14 +102,17 @@ void Shoot(const Arguments& words) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 6) {
-    std::cerr << kUsage;
-    return 2;
-  }
-  platform::user::UseOffscreen(1024, 768);
-  platform::Application application(argc, argv, "help_windows");
-  return RunTool("help_windows", [&] {
-    Shoot({argv[1], argv[2], argv[3], argv[4], argv[5]});
+  CLI::App app("Saves pictures of the program's windows, as a player finds them after a few caves.", "help_windows");
+  Arguments words;
+  app.add_option("LANGUAGE.zbl", words.language)->required();
+  app.add_option("SET.zb", words.set, "the set for beginners in this language, whose first caves are won")->required();
+  app.add_option("PLAYER", words.player)->required();
+  app.add_option("PREFIX", words.prefix, "stands before the name of each picture")->required();
+  app.add_option("RECORD.zbr", words.record, "is written, for a picture of the game: the pack of dogs")->required();
+  return RunCommand(app, argc, argv, [&] {
+    platform::user::UseOffscreen(1024, 768);
+    platform::Application application(argc, argv, "help_windows");
+    Shoot(words);
     return 0;
   });
 }
