@@ -7,7 +7,7 @@
 
 namespace platform {
 
-/// A store of strings and numbers under key names, for settings that last. It is one text file in the user's
+/// A store of strings and numbers under key names, for settings that last. It is one INI file in the user's
 /// configuration folder, read anew at each call, so that two running programs do not undo each other's values, and
 /// replaced as a whole at each change, so that no crash leaves half of it. A file that is damaged is kept beside under
 /// another name, and the store starts empty.
