@@ -202,6 +202,10 @@ TEST(StartTest, ListsShippedAndOwnSetsTogether) {
   start.List1.set_list_index(2);
   start.Command3_Click();
   EXPECT_EQ(desk.program->frmPoSt.Label4.caption(), own.Name);
+  std::string path = desk.Make("jinde/b.zb", ReadFile(desk.Path("game/Komnaty/b.zb")));
+  Boxes boxes({BoxAnswer::kYes, BoxAnswer::kNo});
+  start.AnotherColl(path);
+  EXPECT_EQ(path, desk.Path("data/Komnaty/b~.zb")) << "a shipped set has that name";
 }
 
 // ----------------------------------------------------------------------------------------------------------- The panel
@@ -719,6 +723,11 @@ TEST(SettingsTest, LastFromOneStartToTheNext) {
   EXPECT_EQ(desk.program->frmSettings.RychlostZ, 1);
   EXPECT_EQ(ReadNumber(registry::kRychlostZ), 0) << "mended in memory alone";
   EXPECT_EQ(desk.program->hra.window_state(), WindowState::kMaximised);
+  WriteNumber(registry::kRychlost, 300);
+  WriteNumber(registry::kZvuk, 256);
+  desk.Run();
+  EXPECT_EQ(desk.program->frmSettings.Rychlost, 10) << "a damaged speed is the slowest";
+  EXPECT_EQ(desk.program->frmSettings.Zvuk, 1) << "and a damaged flag is set";
 
   WriteNumber(registry::kRychlost, 0);
   desk.Run();

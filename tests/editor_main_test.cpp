@@ -351,6 +351,9 @@ TEST(CaveEditor, HandsThePropertiesToTheDialogAndTakesThemBack) {
   EXPECT_EQ(form.EditKom.width(), 20 * kCell);
   EXPECT_EQ(editor.Shown(19, 19), editor.Tile(kPaletteGem)) << "the canvas is painted anew";
   EXPECT_EQ(form.SpoctiDrh(), 21 * 21 - 21) << "the column that was lost counts, the row below was never written";
+  dialog.Text2.set_text("15");
+  form.VlOK_Click();
+  EXPECT_EQ(form.edit.Vyska, 15) << "the height alone";
   EXPECT_EQ(form.edit.EdKomnata.Description.size(), 190u) << "more does not fit into a cave text";
 }
 
@@ -387,9 +390,14 @@ TEST(CaveEditor, TestPlayLeavesTheCaveAloneAndComesBack) {
   ASSERT_EQ(program.hra.SetFile, "/");
   user::Click(editor.form.Label8);
   ASSERT_TRUE(user::WaitUntil(playing));
-  user::WhenFront([] { user::TapKey(kKeyEnter); });
+  std::string countdown = "?";
+  user::WhenFront([&] {
+    countdown = program.frmAnalyze.Label4.caption();
+    user::TapKey(kKeyEnter);
+  });
   user::PressKey(kKeyRight);
   ASSERT_TRUE(user::WaitUntil(back));
+  EXPECT_EQ(countdown, "") << "the author looks as long as he likes";
   user::ReleaseKey(kKeyRight);
   EXPECT_FALSE(program.frmStart2.visible());
   EXPECT_FALSE(program.hra.visible());

@@ -78,6 +78,7 @@ TEST(EngineGravity, Splitter) {
       {"and what has no side is gone", ".i./WEW/;.;", "-", ".../WEW/;.;", "1"},
       {"what rests on it stays", ".R./WEW/...", "-", ".R./WEW/..."},
       {"one side of another wall is not enough", ".r./XEW/...", "-", ".R./XEW/...", "3"},
+      {"whichever side", ".r./WEX/...", "-", ".R./WEX/...", "3"},
   });
 }
 

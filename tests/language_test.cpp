@@ -244,7 +244,7 @@ TEST(CheckLanguageFileTest, FindsWhatATranslatorCanSpoilInARow) {
       {90, "Jsou tu2-4 psi", "has lost \" 2-4\""},
       {54, "Hotovo", "has lost \"$P\""},
       {16, "Nova ?1?", "holds \"?1?\", which nothing replaces"},
-      {15, "Sada", "has to begin and end with a blank"},
+      {15, "Sada ", "has to begin and end with a blank"},
       {2, " Editor", "begins with a blank"},
       {3, "Help ", "ends with a blank"},
       {28, "Edit#ovat", "holds a line break"},

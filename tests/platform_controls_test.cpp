@@ -172,7 +172,7 @@ TEST(TextBoxTest, TypedTextBecomesBytesAndUnknownCharactersQuestionMarks) {
   user::Type("Žluť я€ 😀.");
   EXPECT_EQ(box.text(), Cp1250("Žluť ?€ ?."));
   box.SelectAll();
-  user::SetClipboard("Z\u030c\nя");  // a letter and its accent apart
+  user::SetClipboard("Z\u030c\n\x01я\x7f");  // a letter and its accent apart
   user::TapKey('V', kCtrl);
   EXPECT_EQ(box.text(), Cp1250("Ž ?"));
   user::TapKey(kKeyHome);
@@ -199,7 +199,7 @@ TEST(TextBoxTest, ManyLines) {
   user::Type("я");
   EXPECT_EQ(box.text(), "a\r\n?");
   EXPECT_EQ(oks, 0);
-  user::SetClipboard("b\nc\r\nя");
+  user::SetClipboard("b\nc\x02\r\nя");
   user::TapKey('V', kCtrl);
   EXPECT_EQ(box.text(), "a\r\n?b\r\nc\r\n?");
   user::TapKey('Z', kCtrl);
