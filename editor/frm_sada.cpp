@@ -33,52 +33,40 @@ double ValueOf(const std::string& text) {
 
 // --- Caves --------------------
 
+/// The flag shows in a control that nobody sees.
+void FrmSada::SetChanged(bool changed) {
+  Changed = changed;
+  Chg.set_value(changed ? 1 : 0);
+}
+
 void FrmSada::mnuCaves_Click() { mnuPaste.set_enabled(!Schranka.empty()); }
 
 void FrmSada::AddCave(const std::string& caveText) {
-  if (PocetK >= kMostCavesAdded) return;
-  PracK = AktK;
-  for (std::size_t i = PocetK; i >= static_cast<std::size_t>(PracK); --i) {
-    KomText[i + 1] = KomText[i];
-    Poc[i + 1] = Poc[i];
-  }
-  // The flag stays on both: in front of a start point comes another one.
-  KomText[static_cast<std::size_t>(PracK)] = caveText;
-  ++PocetK;
-  GetNames(PracK - 1);
+  if (Add(caveText)) GetNames(PracK - 1);
 }
 
 void FrmSada::mnuAdd_Click(int Index) {
   AddCave(LoadCaveText("*" + std::to_string(Index + 1), 0));
-  Chg.set_value(1);
+  SetChanged(true);
 }
 
 void FrmSada::mnuCopy_Click() { Schranka = KomText[AktK]; }
 
 void FrmSada::mnuPaste_Click() {
   AddCave(Schranka);
-  Chg.set_value(1);
-}
-
-void FrmSada::SwapCaves(int a, int b) {
-  std::swap(KomText[static_cast<std::size_t>(a)], KomText[static_cast<std::size_t>(b)]);
-  std::swap(Poc[static_cast<std::size_t>(a)], Poc[static_cast<std::size_t>(b)]);
+  SetChanged(true);
 }
 
 void FrmSada::mnuUp_Click() {
-  PracK = AktK;
-  if (PracK <= 1) return;
-  SwapCaves(PracK, PracK - 1);
+  if (!MoveUp()) return;
   GetNames(PracK - 2);
-  Chg.set_value(1);
+  SetChanged(true);
 }
 
 // Counts as a change even when nothing moves. That is meant.
 void FrmSada::mnuDown_Click() {
-  Chg.set_value(1);
-  if (AktK >= PocetK) return;
-  SwapCaves(AktK, AktK + 1);
-  GetNames(AktK);
+  SetChanged(true);
+  if (MoveDown()) GetNames(AktK);
 }
 
 void FrmSada::mnuDelete_Click() {
@@ -88,13 +76,9 @@ void FrmSada::mnuDelete_Click() {
   const platform::MessageBox box{question, LangStr[text::kDeleteCaveTitle], platform::BoxButtons::kYesDefaultNo,
                                  platform::BoxIcon::kQuestion};
   if (platform::ShowMessageBox(box) != platform::BoxAnswer::kYes) return;
-  for (std::size_t i = AktK; i <= PocetK; ++i) {
-    KomText[i] = KomText[i + 1];
-    Poc[i] = i + 1 < Poc.size() && Poc[i + 1];  // cave 99 has no flag behind it
-  }
-  --PocetK;
+  Delete();
   GetNames(AktK - 1);
-  Chg.set_value(1);
+  SetChanged(true);
 }
 
 void FrmSada::mnuEdit_Click() {
@@ -116,7 +100,7 @@ void FrmSada::mnuEdit_Click() {
   forms_.frmLoading->Hide();
   editor.SetLWEd();
   editor.Show();
-  Chg.set_value(1);
+  SetChanged(true);
 }
 
 void FrmSada::SetKKKtoK(const std::string& caveText) {
@@ -135,35 +119,35 @@ void FrmSada::mnuGratulace_Click() {
   dialog.SetG();
   dialog.ShowModal();
   if (dialog.Vysledek.empty()) return;  // given up, or emptied: the old text stays
-  Chg.set_value(1);
+  SetChanged(true);
   Gratulace = dialog.Vysledek;
 }
 
 void FrmSada::Text1_Change() {
   Author = Text1.text();
-  Chg.set_value(1);
+  SetChanged(true);
 }
 
 void FrmSada::Text2_Change() {
   Mail = Text2.text();
-  Chg.set_value(1);
+  SetChanged(true);
 }
 
 void FrmSada::Text3_Change() {
   Name = Text3.text();
-  Chg.set_value(1);
+  SetChanged(true);
 }
 
 void FrmSada::Text4_Change() {
   Description = Text4.text();
-  Chg.set_value(1);
+  SetChanged(true);
 }
 
 void FrmSada::txtBody_GotFocus() { txtBody.Select(0, kBodyDigits); }
 
 // The points are kept for nobody: no file holds them. That is meant.
 void FrmSada::txtBody_LostFocus() {
-  Chg.set_value(1);
+  SetChanged(true);
   if (ValueOf(txtBody.text()) < 0) txtBody.set_text("0");
   const double value = ValueOf(txtBody.text());
   txtBody.set_text(Digits(static_cast<int>(std::lround(value)), kBodyDigits));

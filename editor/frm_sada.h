@@ -7,9 +7,9 @@
 #include <string>
 
 #include "base/fault.h"
-#include "cave/set_file.h"
 #include "editor/cave_preview.h"
 #include "editor/menu_bar.h"
+#include "editor/set_edit.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/menu.h"
@@ -18,7 +18,7 @@
 
 /// The set editor: title data of one set, the order of its caves, which of them are start points, the congratulation.
 /// The set under edit is part of the form; its texts follow what is typed.
-class FrmSada : public platform::Form, public EditedSet {
+class FrmSada : public platform::Form, public SetEdit {
  public:
   /// programFolder: where the pictures lie.
   FrmSada(const std::string& programFolder, const Forms& forms);
@@ -85,11 +85,11 @@ class FrmSada : public platform::Form, public EditedSet {
   void txtBody_LostFocus();
   void Form_KeyDown(platform::KeyEvent& event);
 
-  std::uint8_t AktK = 0;   // the selected row, from 1 on
-  std::int16_t PracK = 0;  // the row that an operation works on
-  std::string Soubor;      // path of the file, UTF-8; empty for a new set
-  std::string Schranka;    // the cave copied; kept until the program ends
-  double PocBody = 0;      // value of txtBody; nobody asks for it
+  /// There are unsaved changes, or none any more.
+  void SetChanged(bool changed);
+
+  std::string Soubor;  // path of the file, UTF-8; empty for a new set
+  double PocBody = 0;  // value of txtBody; nobody asks for it
 
   // --- Controls --------------------
 
@@ -153,7 +153,6 @@ class FrmSada : public platform::Form, public EditedSet {
   void ShowTexts();
   void ShowRow(int i);
   void MarkRow(int i, bool selected);
-  void SwapCaves(int a, int b);
   bool ListKeyDown(const platform::KeyEvent& event);
   bool MenuKeyDown(const platform::KeyEvent& event);
   bool MayGoOn();

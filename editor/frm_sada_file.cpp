@@ -71,7 +71,7 @@ void FrmSada::mnuNew_Click() {
   PocetK = 1;
   KomText[1] = CaveTemplate(NewCave::kSmall);
   GetNames(0);
-  Chg.set_value(0);
+  SetChanged(false);
 }
 
 // --- Opening --------------------
@@ -89,7 +89,7 @@ void FrmSada::mnuOpen_Click() {
     return;
   }
   Soubor = path;
-  Chg.set_value(0);
+  SetChanged(false);
 }
 
 void FrmSada::OpenColl(const std::string& path) {
@@ -136,7 +136,7 @@ bool FrmSada::TryToSave(const std::string& path) {
     Tell(fault);
     return false;
   }
-  Chg.set_value(0);
+  SetChanged(false);
   return true;
 }
 
@@ -149,13 +149,13 @@ void FrmSada::SaveColl(const std::string& path) {
 
 /// Asks what to do with unsaved changes. False: the set stays, for the user wants it or it could not be saved.
 bool FrmSada::MayGoOn() {
-  if (Chg.value() == 0) return true;
+  if (!Changed) return true;
   const platform::MessageBox box{Replaced(LangStr[text::kUnsavedQuestion], "?1?", Text3.text()),
                                  LangStr[text::kUnsavedTitle], platform::BoxButtons::kYesNoCancel,
                                  platform::BoxIcon::kQuestion};
   const platform::BoxAnswer answer = platform::ShowMessageBox(box);
   if (answer == platform::BoxAnswer::kYes) mnuSave_Click();
-  return answer == platform::BoxAnswer::kNo || (answer == platform::BoxAnswer::kYes && Chg.value() == 0);
+  return answer == platform::BoxAnswer::kNo || (answer == platform::BoxAnswer::kYes && !Changed);
 }
 
 void FrmSada::mnuClose_Click() {

@@ -48,7 +48,7 @@ struct Editor : Desk {
     file = Path("sada.zb");
     EditedSet set = SetOf(caves);
     SaveColl(file, set);
-    form().Chg.set_value(0);
+    form().SetChanged(false);
     OpenFile();
     file.clear();
   }
@@ -97,7 +97,7 @@ class SetWorld : public scenario::World {
     } else if (verb == "many") {
       editor_.Open(std::vector<std::string>(row(), "A"));
     } else if (verb == "unchanged") {
-      form.Chg.set_value(0);
+      form.SetChanged(false);
     } else if (verb == "name" || verb == "author" || verb == "mail" || verb == "about") {
       TextBox& field = verb == "name"     ? form.Text3
                        : verb == "author" ? form.Text1
@@ -190,7 +190,7 @@ TEST(SetEditor, WritesPointsWithFiveDigitsAndCountsAVisitAsAChange) {
     form.txtBody.SetFocus();
     EXPECT_EQ(form.txtBody.selected_text(), form.txtBody.text().substr(0, 5));
     form.txtBody.set_text(text);
-    form.Chg.set_value(0);
+    form.SetChanged(false);
     form.Text4.SetFocus();
     EXPECT_EQ(editor.Changed(), 1);
     return form.txtBody.text();
@@ -340,7 +340,7 @@ TEST(SetEditor, AsksBeforeChangesAreLost) {
       Utf8(LangStr[text::kUnsavedTitle] + ": ") + "Sada '" + "X" + "' má neuložené změny.\r\nChceš ji teď uložit?";
   const auto change = [&] {
     form.Text3.set_text("X");
-    form.Chg.set_value(1);
+    form.SetChanged(true);
   };
   const auto name_in_file = [&] { return ReadSetName(own); };
 
@@ -415,7 +415,7 @@ TEST(SetEditor, LosesNothingWhenAFileIsDamagedOrCannotBeWritten) {
   const std::string own = form.Soubor;
   const std::vector<std::string> lines = LinesOf(form);
   const auto refused = [&](const std::string& fault) {
-    form.Chg.set_value(1);
+    form.SetChanged(true);
     Boxes boxes({BoxAnswer::kNo});
     editor.OpenFile();
     EXPECT_EQ(boxes.texts.size(), 2u);
@@ -442,7 +442,7 @@ TEST(SetEditor, LosesNothingWhenAFileIsDamagedOrCannotBeWritten) {
   ASSERT_EQ(editor.asked.size(), 1u) << "it may go elsewhere";
   EXPECT_EQ(editor.asked[0].title + editor.asked[0].name, LangStr[text::kSaveSetTitle] + "Sada");
   EXPECT_EQ(editor.Changed(), 0) << "where it can be written";
-  form.Chg.set_value(1);
+  form.SetChanged(true);
   form.Soubor = own;
   editor.file = editor.Path("neni/sada.zb");
   form.mnuSaveAs.Click();

@@ -10,20 +10,14 @@
 #include <utility>
 #include <vector>
 
-#include "base/files.h"
-#include "base/folders.h"
 #include "base/language.h"
-#include "engine/recording.h"
-#include "engine/replay.h"
 #include "game_window.h"
-#include "kit/temp_folder.h"
 #include "platform/joystick.h"
 #include "platform/keys.h"
 #include "platform/testing_joystick.h"
 
 using namespace platform;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using Kind = user::VirtualJoystick::Kind;
 
 namespace {
@@ -366,48 +360,6 @@ TEST_F(JoystickGameTest, IsLeftAloneUntilTheSettingIsOn) {
   EXPECT_EQ(Pushed(stick, -1, 0), std::pair(8, 5));
   toggle();
   EXPECT_EQ(After(1), std::pair(8, 5));
-}
-
-TEST_F(JoystickGameTest, AWinIsRecordedAndReplaysTheSame) {
-  const TempFolder folder;
-  CestaHraci = folder.path();
-  CaveRecord cave = Cave("1;;;;;;;/;;;D;;;;/;;;;;;;T");
-  cave.Name = "Paka";
-  cave.Need = 1;
-  Game play(cave);
-  play.settings.Joystick = 1;
-  play.form.SetName = "Sada";
-  play.form.PlayerName = "Eva";
-  user::VirtualJoystick stick(Kind::kStick);
-  play.Start();
-  const auto push = [&](double x, double y, int ticks) {
-    stick.Push(x, y);
-    play.Tick(ticks);
-  };
-  push(0, 1, 1);
-  push(1, 0, 2);
-  stick.HoldButtons(1);
-  push(1, 0, 1);  // takes the gem from where he stands
-  stick.HoldButtons(0);
-  push(0, 1, 1);
-  for (int i = 0; i < 10 && !play.form.game.Won; ++i) push(1, 0, 1);
-  ASSERT_TRUE(play.form.game.Won);
-  const std::uint32_t cells = CellsCrc(play.form.game);
-
-  const std::string file = folder.Path("Eva/Sada - Paka.zbr");
-  std::string keys;
-  for (const std::string& line : ReadRecording(ReadFile(file)).ticks) {
-    // Arrow and action key follow what was drawn for amoeba.
-    keys += std::to_string(line.at(1) - 65 - 36) + (line.at(2) == 'B' ? "a " : " ");
-  }
-  EXPECT_THAT(keys, ::testing::StartsWith("4 3 3 3a 4 3 "));
-
-  stick.Push(-1, -1);
-  play.form.CurrentFile = file;
-  play.form.Replay();
-  EXPECT_TRUE(user::WaitUntil([&] { return !play.form.tmrHra.enabled(); }));
-  EXPECT_TRUE(play.form.game.Won);
-  EXPECT_EQ(CellsCrc(play.form.game), cells) << "and the stick has no part in it";
 }
 
 }  // namespace

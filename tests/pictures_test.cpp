@@ -35,26 +35,6 @@ TEST(Pictures, TableAndFolderNameTheSameFiles) {
   EXPECT_EQ(listed, present);
 }
 
-TEST(Pictures, RunsStartWhereTheirNumberSays) {
-  const auto name = [](int number) { return picture::kFiles.at(static_cast<std::size_t>(number)).name; };
-  EXPECT_EQ(name(picture::kWall), "wall.svg");
-  EXPECT_EQ(name(picture::kAnim9 + 1), "exit_open.svg");
-  EXPECT_EQ(name(picture::kRedGem + 2), "gem_blue.svg");
-  EXPECT_EQ(name(picture::kRedLock + 2), "lock_blue.svg");
-  EXPECT_EQ(name(picture::kAnim6), "firefly_0.svg");
-  EXPECT_EQ(name(picture::kAnim7), "butterfly_0.svg");
-  EXPECT_EQ(name(picture::kAnim10), "amoeba_0.svg");
-  EXPECT_EQ(name(picture::kAnim14), "slime_0.svg");
-  EXPECT_EQ(name(picture::kAnim15), "fly_0.svg");
-  EXPECT_EQ(name(picture::kAnimMW), "magic_0.svg");
-  EXPECT_EQ(name(picture::kExpld + 15), "explosion_15.svg");
-  EXPECT_EQ(name(picture::kImgRzd), "rzd_0.svg");
-  EXPECT_EQ(name(picture::kImgTLP), "tlp_0.svg");
-  EXPECT_EQ(name(picture::kImgZBL), "zbl.svg");
-  EXPECT_EQ(name(picture::kMultiPes + 8), "multipes_9.svg");
-  EXPECT_EQ(name(picture::kMrtvejPes), "mrtvejpes.svg");
-}
-
 TEST(Pictures, SentinelsStandInTintedFilesOnly) {
   for (const auto& file : picture::kFiles) {
     const std::string text = read(file.name);
