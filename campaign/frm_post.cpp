@@ -147,15 +147,16 @@ void FrmPoSt::FrmLoad() {
       label->set_font({16, false, false, false});
       label->set_pointer(platform::Pointer::kHand);
       label->on_click = [this, i] { lblCave_Click(i); };
+      label->on_double_click = [this, i] {
+        if (StavK[static_cast<std::size_t>(i)] != Locked) Command2_Click();
+      };
       return *label;
     };
     platform::Label& num = make(lblNum, 0, top - 1, kNumWidth);
     num.set_alignment(platform::Alignment::kCentre);
     num.set_fore_colour(platform::Application::theme().muted_text);
     num.set_caption(Digits(i, 2));
-    make(lblCave, kNumWidth, top, Picture1.width() - kNumWidth - kScoreWidth).on_double_click = [this, i] {
-      if (StavK[static_cast<std::size_t>(i)] != Locked) Command2_Click();
-    };
+    make(lblCave, kNumWidth, top, Picture1.width() - kNumWidth - kScoreWidth);
     platform::Label& score = make(lblScore, Picture1.width() - kScoreWidth, top, kScoreWidth);
     score.set_alignment(platform::Alignment::kCentre);
     score.on_click = [this, i] { lblScore_Click(i); };
@@ -253,7 +254,7 @@ void FrmPoSt::lblCave_Click(int n) {
 /// A set without caves leaves nothing to play.
 void FrmPoSt::ShowNoCave() {
   for (platform::Label* label : {&lblName, &lblDescr, &lblZzn}) label->set_caption("");
-  for (platform::Control* control : std::initializer_list<platform::Control*>{&Command1, &Command2, &Image1})
+  for (platform::Control* control : std::initializer_list<platform::Control*>{&Command1, &Command2, &Image1, &shpAktK})
     control->set_visible(false);
 }
 
@@ -296,6 +297,7 @@ void FrmPoSt::PresetGame(const CaveRecord& cave) {
 }
 
 void FrmPoSt::MarkRow(int n) {
+  shpAktK.set_visible(true);
   shpAktK.SetBounds(0, lblCave[static_cast<std::size_t>(n)]->top(), Picture1.width(), kRow);
 }
 

@@ -24,19 +24,22 @@ std::string ShortHash(std::string_view text) {
 
 }  // namespace
 
-std::string RecordName(std::string_view setName, std::string_view caveName) {
-  constexpr std::string_view kEnding = ".zbr";
+std::string FileName(std::string_view name, std::string_view ending, CodePage page) {
   constexpr std::size_t kLongestFileName = 255;  // bytes of UTF-8
-  const std::string whole = CistyNazev(std::string(setName).append(" - ").append(caveName));
-  const auto fits = [&](const std::string& name) {
-    return ToUtf8(name, CodePage::k1250).size() + kEnding.size() <= kLongestFileName;
+  const std::string whole = CistyNazev(name);
+  const auto fits = [&](const std::string& text) {
+    return ToUtf8(text, page).size() + ending.size() <= kLongestFileName;
   };
-  if (whole.find('\0') == std::string::npos && fits(whole)) return whole + std::string(kEnding);
+  if (whole.find('\0') == std::string::npos && fits(whole)) return whole + std::string(ending);
   const std::string hash = "~" + ShortHash(whole);
-  std::string name = whole;
-  std::erase(name, '\0');
-  while (!fits(name + hash)) name.pop_back();
-  return name + hash + std::string(kEnding);
+  std::string cut = whole;
+  std::erase(cut, '\0');
+  while (!fits(cut + hash)) cut.pop_back();
+  return cut + hash + std::string(ending);
+}
+
+std::string RecordName(std::string_view setName, std::string_view caveName) {
+  return FileName(std::string(setName).append(" - ").append(caveName), ".zbr", CodePage::k1250);
 }
 
 bool JeBonus(std::string_view name) { return ToUpper(name, CodePage::k1250).find("BONUS") != std::string::npos; }

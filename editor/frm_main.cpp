@@ -51,6 +51,7 @@ void FrmMain::FrmLoad() {
 void FrmMain::OpenCave(const std::string& caveText) {
   FrmLoad();
   edit.Open(caveText);
+  pointerX_ = pointerY_ = -1;
   SizeCanvas();
   SetProps();
   edit.PaintAll();
@@ -99,7 +100,9 @@ void FrmMain::VScroll1_Change() {
 void FrmMain::ViewMoved() {
   int column = 0;
   int row = 0;
-  if (shpCursor.visible() || !CellAt(pointerX_ - EditKom.left(), pointerY_ - EditKom.top(), column, row)) return;
+  const bool seen = pointerX_ >= 0 && pointerX_ < Ram.width() && pointerY_ >= 0 && pointerY_ < Ram.height();
+  if (!seen || shpCursor.visible() || !CellAt(pointerX_ - EditKom.left(), pointerY_ - EditKom.top(), column, row))
+    return;
   ShowCell(column, row);
 }
 

@@ -145,8 +145,8 @@ class FrmMain : public platform::Form {
   std::unique_ptr<PalettePictures> pictures_;
   int cursorX_ = 0;
   int cursorY_ = 0;
-  int pointerX_ = 0;  // where the mouse was last seen over the window on the cave, logical pixels
-  int pointerY_ = 0;
+  int pointerX_ = -1;  // where the mouse was last seen over the window on the cave, logical pixels; -1: not yet
+  int pointerY_ = -1;
   std::chrono::steady_clock::time_point runStart_;
   std::chrono::steady_clock::time_point runShown_;
 };

@@ -37,7 +37,7 @@ std::string SetFilter() { return platform::FileFilter(LangStr[text::kSetFiles] +
 /// The name of the set as that of a file, UTF-8.
 std::string ProposedName(const platform::TextBox& name) {
   const CodePage page = name.charset() == platform::Charset::kCyrillic ? CodePage::k1251 : CodePage::k1250;
-  return ToUtf8(CistyNazev(name.text()), page);
+  return ToUtf8(FileName(name.text(), ".zb", page), page);
 }
 
 /// Every cave has to be one before the set takes the place of another.

@@ -78,6 +78,16 @@ void CheckReadableForm(const std::vector<std::string>& lines) {
   }
 }
 
+constexpr std::size_t kFirstCave = 3;  // its line in a set, from 0 on
+
+/// A cave of a set less its name and description, its number with it.
+std::string WithoutTexts(const std::string& line) {
+  CaveRecord cave = ParseCaveText(std::string_view(line).substr(0, line.size() - kCaveTailLength));
+  cave.Name.clear();
+  cave.Description.clear();
+  return BuildCaveText(cave) + line.substr(line.size() - kCaveTailLength);
+}
+
 }  // namespace
 
 void CheckCaveText(std::string_view bytes) {
@@ -129,5 +139,9 @@ void CheckTexts(std::string_view texts) {
   CodePage page = CodePage::k1250;
   const std::vector<std::string> after = SetFromText(changed, "set.txt", &page);
   Require(after.size() == before.size(), "the texts have brought or taken lines");
+  Require(after[2] == before[2], "the texts have changed the mail or the format");
+  for (std::size_t i = kFirstCave; i + 1 < before.size(); ++i) {
+    Require(WithoutTexts(after[i]) == WithoutTexts(before[i]), "the texts have changed a cave");
+  }
   CheckReadableForm(after);
 }

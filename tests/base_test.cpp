@@ -10,6 +10,7 @@
 
 #include "base/code_page.h"
 #include "base/files.h"
+#include "base/text.h"
 #include "base/tool.h"
 #include "base/utf8.h"
 #include "kit/fault_check.h"
@@ -304,6 +305,15 @@ TEST_F(Files, ListingsAreInTheOrderOfTheAlphabet) {
 
 TEST(Tool, ShowsWhatWouldSteerATerminal) {
   EXPECT_EQ(Visible("Zorbík\x1b[2J\n\xC2\x9B\xFF\x7F"), "Zorbík\\x1b[2J\\x0a\\x9b\\xff\\x7f");
+}
+
+TEST(Tool, AFaultKeepsTheNameOfItsFileHoweverLongThePath) {
+  const std::string name = std::string(255, 'n');
+  const std::string shown = ShownFault(Fault("Damaged.", std::string(5000, 'f') + "/" + name), CodePage::k1250);
+  EXPECT_EQ(shown.size(), 300U + std::string(": Damaged.").size());
+  EXPECT_TRUE(shown.starts_with("\x85"
+                                "f") &&
+              shown.ends_with("f/" + name + ": Damaged."));
 }
 
 }  // namespace

@@ -572,7 +572,7 @@ TEST(CampaignTest, AGameIsLeftAndRestarted) {
   FormHra& hra = overview.program->hra;
   user::DoubleClick(*overview.form().lblCave[2], 40, 10);
   EXPECT_FALSE(hra.visible()) << "a locked cave";
-  user::DoubleClick(*overview.form().lblCave[1], 40, 10);
+  user::DoubleClick(*overview.form().lblScore[1], 40, 10);
   ASSERT_TRUE(user::WaitUntil([&] { return user::HasInput(hra); }));
   EXPECT_TRUE(hra.tmrHra.enabled()) << "the game runs at once";
   EXPECT_FALSE(overview.form().visible());

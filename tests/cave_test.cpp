@@ -280,6 +280,7 @@ TEST(Names, OfRecordsAreAsLongAsThoseOfFilesCanBe) {
   EXPECT_EQ(size(two, std::string(9, 'x')), 255U);
   EXPECT_EQ(size(std::string(190, '\x96'), std::string(190, '\x96')), 253U) << "cut between letters of three bytes";
   EXPECT_NE(RecordName(two, std::string(9, 'x')), RecordName(two, std::string(10, 'x')));
+  EXPECT_EQ(ToUtf8(FileName(std::string(190, '\xE6'), ".zb", CodePage::k1251), CodePage::k1251).size(), 254U);
   EXPECT_EQ(RecordName("S", std::string(1, '\0')).size(), std::string("S - ~12345678.zbr").size());
 }
 

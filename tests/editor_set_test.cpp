@@ -440,7 +440,7 @@ TEST(SetEditor, LosesNothingWhenAFileIsDamagedOrCannotBeWritten) {
   user::TapKey('S', kCtrl);
   EXPECT_THAT(boxes.texts.front(), HasSubstr("neni/sada.zb"));
   ASSERT_EQ(editor.asked.size(), 1u) << "it may go elsewhere";
-  EXPECT_EQ(editor.asked[0].title + editor.asked[0].name, LangStr[text::kSaveSetTitle] + "Sada");
+  EXPECT_EQ(editor.asked[0].title + editor.asked[0].name, LangStr[text::kSaveSetTitle] + "Sada.zb");
   EXPECT_EQ(editor.Changed(), 0) << "where it can be written";
   form.SetChanged(true);
   form.Soubor = own;

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <mutex>
-#include <nlohmann/json.hpp>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -126,18 +126,37 @@ std::string Plain(const std::string& file, const Verdict& verdict) {
   return text + "damaged: " + Visible(verdict.reason);
 }
 
+/// A byte of a file's name that is no UTF-8 becomes the code that CodePoints gives it, so that the object stays JSON;
+/// control characters are coded, too, for a terminal may read along.
+std::string JsonString(const std::string& text) {
+  std::string quoted = "\"";
+  for (const char32_t c : CodePoints(text)) {
+    if (c == '"' || c == '\\') {
+      quoted += '\\';
+      quoted += static_cast<char>(c);
+    } else if (c < 0x20 || (c >= 0x7F && c < 0xA0) || (c >= 0xDC00 && c <= 0xDCFF)) {
+      char code[8];
+      std::snprintf(code, sizeof code, "\\u%04x", static_cast<unsigned>(c));
+      quoted += code;
+    } else {
+      AppendUtf8(quoted, c);
+    }
+  }
+  return quoted + "\"";
+}
+
 std::string Json(const std::string& file, const Verdict& verdict) {
   static constexpr const char* kNames[] = {"won", "other score", "not won", "damaged", "no record"};
-  nlohmann::ordered_json object = {{"file", file}, {"verdict", kNames[static_cast<int>(verdict.kind)]}};
+  std::ostringstream text;
+  text << "{\"file\": " << JsonString(file) << ", \"verdict\": \"" << kNames[static_cast<int>(verdict.kind)] << "\"";
   if (verdict.kind == Verdict::Kind::kDamaged) {
-    object["reason"] = verdict.reason;
+    text << ", \"reason\": " << JsonString(verdict.reason);
   } else if (verdict.kind != Verdict::Kind::kNoRecord) {
-    object["ticks"] = verdict.ticks;
-    object["recorded score"] = verdict.recordedScore;
-    if (verdict.kind != Verdict::Kind::kNotWon) object["score"] = verdict.score;
+    text << ", \"ticks\": " << verdict.ticks << ", \"recorded score\": " << verdict.recordedScore;
+    if (verdict.kind != Verdict::Kind::kNotWon) text << ", \"score\": " << verdict.score;
   }
-  // A byte of a name that is no UTF-8 becomes U+FFFD, so that the object stays JSON.
-  return object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+  text << "}";
+  return text.str();
 }
 
 /// Plays the files on all cores. Progress is shown on a terminal.
